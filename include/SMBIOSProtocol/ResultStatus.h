@@ -1,0 +1,46 @@
+// The failure object: every failure of the library but an exhausted heap reaches the caller as a
+// ResultStatus.
+
+#pragma once
+
+#include "SMBIOSProtocol/Export.h"
+
+#include <exception>
+#include <memory>
+#include <string>
+
+/// The command during which a failure came about. The library knows none.
+enum _XCOMMAND {
+    XCOMMAND_NONE = 0,
+};
+
+/// The codes that a ResultStatus carries.
+enum ResultCode : unsigned short {
+    RESULT_OUT_OF_MEMORY = 1006,       ///< no memory for the firmware's table block
+    RESULT_NO_TABLE = 1013,            ///< no table: no firmware block, or no usable entry point in an image
+    RESULT_BAD_CHECKSUM = 1024,        ///< the bytes of the entry point do not sum to 0
+    RESULT_UNSUPPORTED_VERSION = 1111, ///< the table's version has no catalogue
+
+    RESULT_MAPPING_DENIED = 2001,      ///< the system keeps physical memory from this process
+    RESULT_MAPPING_UNAVAILABLE = 2002, ///< the system offers no way to physical memory
+    RESULT_MAPPING_FAILED = 2003,      ///< the physical range could not be read
+};
+
+/// Thrown by value. Copying it never fails.
+class SMBIOSPROTOCOL_API ResultStatus : public std::exception {
+public:
+    ResultStatus(unsigned short code, std::string message, std::string source, _XCOMMAND command);
+    ResultStatus(const ResultStatus&) noexcept;
+    ResultStatus& operator=(const ResultStatus&) noexcept;
+    ~ResultStatus() override;
+
+    unsigned short Code() const noexcept;        ///< a ResultCode
+    const std::string& Message() const noexcept; ///< plain sentences: what was wrong and what to do
+    const std::string& Source() const noexcept;  ///< empty for a failure of this library
+    _XCOMMAND Command() const noexcept;          ///< XCOMMAND_NONE for a failure of this library
+    const char* what() const noexcept override;  ///< the message
+
+private:
+    struct Details;
+    std::shared_ptr<const Details> Shared;
+};

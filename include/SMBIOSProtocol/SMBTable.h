@@ -1,0 +1,70 @@
+// The catalogue's entry for one structure type.
+
+#pragma once
+
+#include "SMBIOSProtocol/SMBiosStructure.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace Protocol::SMBIOS {
+
+/// How a field's bytes are printed.
+enum class FieldInterpretation {
+    Decimal = 1, ///< little-endian number in decimal
+    String = 2,  ///< string number, resolved to its string
+    Hex = 3,     ///< bytes in hexadecimal behind "0X"
+    HexBare = 4, ///< bytes in hexadecimal
+};
+
+/// One field of the formatted area. It begins where the field before it ends, the first behind the header.
+struct SMBField {
+    std::string_view Name;
+    int Width; ///< bytes; 17: one byte that holds a string number
+    FieldInterpretation Interpretation;
+};
+
+/// The texts of one field: an ordered map from key to text. Row 0 is the header, which says how the rest is
+/// read.
+class ValueTable {
+public:
+    struct Row {
+        int Key;
+        std::string_view Text;
+    };
+
+    explicit ValueTable(std::string header) : HeaderText(std::move(header)) {}
+
+    const std::string& Header() const { return HeaderText; }
+
+    /// The text at `key`, empty where no row has it.
+    std::string_view Text(int key) const;
+
+    /// The rows behind the header, by rising key.
+    const std::vector<Row>& Rows() const { return RowsByKey; }
+
+    /// Adds a row whose key is above all others.
+    void Append(int key, std::string_view text) { RowsByKey.push_back({key, text}); }
+
+private:
+    std::string HeaderText;
+    std::vector<Row> RowsByKey;
+};
+
+using ValueTableMap = std::unordered_map<std::string_view, ValueTable>;
+
+/// One structure type: how its structures are read, and those that the table holds.
+struct SMBTable {
+    std::vector<SMBField> Fields;
+    bool Indexed = false;                   ///< each structure has a node of its own, with an index from 1
+    std::vector<SMBiosStructure> Instances; ///< in table order
+    ValueTableMap ValueTables;              ///< by field name
+
+    /// Positions in Instances, by handle and then in table order.
+    std::vector<std::size_t> InstancesByHandle;
+};
+
+} // namespace Protocol::SMBIOS

@@ -1,0 +1,88 @@
+// From the version of the table to its catalogue, and the fixed top of the tree: the root, a node for each
+// type, and the two inventories.
+
+#include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "catalogue/Catalogue.h"
+#include "services/Failure.h"
+#include "tree/NodeStore.h"
+
+#include <algorithm>
+
+namespace Protocol::SMBIOS {
+
+void SMBIOSProtocolImpl::DefineSMBiosTable()
+{
+    using Builder = void (SMBIOSProtocolImpl::*)();
+    static constexpr struct {
+        std::string_view Version;
+        Builder Build;
+    } Builders[] = {
+        {"2.3", &SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_23},
+        {"2.4", &SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_24},
+        {"2.5", &SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_25},
+        {"2.6", &SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_26},
+        {"2.7", &SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_27},
+        {"2.8", &SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_27},
+        {"3.0", &SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_27},
+    };
+
+    const auto* const builder =
+        std::find_if(std::begin(Builders), std::end(Builders),
+                     [this](const auto& each) { return each.Version == SMBiosVersion; });
+    if (builder == std::end(Builders))
+        RaiseFailure(RESULT_UNSUPPORTED_VERSION);
+    (this->*builder->Build)();
+
+    TreeNode& root = StoreNode(RootPath, NODE_INNER);
+    for (const unsigned char type : CataloguedTypes())
+        AddChild(root, RootPath + "/Type" + std::to_string(type), NODE_INNER);
+    AddChild(root, RootPath + "/ProcessorInfo", NODE_INNER);
+    AddChild(root, RootPath + "/MemoryArray", NODE_INNER);
+}
+
+void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_23()
+{
+    TypeTables = Catalogue::Build(Catalogue::V2_3);
+}
+
+void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_24()
+{
+    TypeTables = Catalogue::Build(Catalogue::V2_4);
+}
+
+void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_25()
+{
+    TypeTables = Catalogue::Build(Catalogue::V2_5);
+}
+
+void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_26()
+{
+    TypeTables = Catalogue::Build(Catalogue::V2_6);
+}
+
+void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_27()
+{
+    TypeTables = Catalogue::Build(Catalogue::V2_7);
+}
+
+void SMBIOSProtocolImpl::DefineValidSubTypes()
+{
+    ValidSubTypes = {
+        {4, {"L1CacheHandle", "L2CacheHandle", "L3CacheHandle"}},
+        {16, {"MemoryErrorInfoHandle"}},
+        {17, {"MemoryErrorInfoHandle"}},
+    };
+}
+
+// The types are visited in this order wherever all of them are: a tree is the same on every platform,
+// whatever the order of its hash map.
+std::vector<unsigned char> SMBIOSProtocolImpl::CataloguedTypes() const
+{
+    std::vector<unsigned char> types;
+    for (const auto& [type, table] : TypeTables)
+        types.push_back(type);
+    std::sort(types.begin(), types.end());
+    return types;
+}
+
+} // namespace Protocol::SMBIOS

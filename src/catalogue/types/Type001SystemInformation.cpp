@@ -1,0 +1,37 @@
+// Type 1, System Information.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row WakeupTypeRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "APM Timer"},
+    {0x04, "Modem Ring"},
+    {0x05, "LAN Remote"},
+    {0x06, "Power Switch"},
+    {0x07, "PCI PME"},
+    {0x08, "AC Power Restored"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "Manufacturer", StringReference, String,  V2_3},
+    {0x05, "ProductName",  StringReference, String,  V2_3},
+    {0x06, "Version",      StringReference, String,  V2_3},
+    {0x07, "SerialNo",     StringReference, String,  V2_3},
+    {0x08, "UUID",         16,              HexBare, V2_3, DecodedBy("UUID")},
+    {0x18, "WakeupType",   1,               Decimal, V2_3, Enumeration(WakeupTypeRows)},
+    {0x19, "SKUNumber",    StringReference, String,  V2_4},
+    {0x1A, "Family",       StringReference, String,  V2_4},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type001SystemInformation{1, Instances::Shared, V2_3, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

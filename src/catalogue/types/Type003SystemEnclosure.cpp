@@ -1,0 +1,84 @@
+// Type 3, System Enclosure or Chassis.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row ChassisTypeRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Desktop"},
+    {0x04, "Low Profile Desktop"},
+    {0x05, "Pizza Box"},
+    {0x06, "Mini Tower"},
+    {0x07, "Tower"},
+    {0x08, "Portable"},
+    {0x09, "LapTop"},
+    {0x0A, "Notebook"},
+    {0x0B, "Hand Held"},
+    {0x0C, "Docking Station"},
+    {0x0D, "All in One"},
+    {0x0E, "Sub Notebook"},
+    {0x0F, "Space-saving"},
+    {0x10, "Lunch Box"},
+    {0x11, "Main Server Chassis"},
+    {0x12, "Expansion Chassis"},
+    {0x13, "SubChassis"},
+    {0x14, "Bus Expansion Chassis"},
+    {0x15, "Peripheral Chassis"},
+    {0x16, "RAID Chassis"},
+    {0x17, "Rack Mount Chassis"},
+    {0x18, "SealedCase PC"},
+    {0x19, "Multi-system chassis"},
+    {0x1A, "CompactPCI", V2_5},
+    {0x1B, "AdvancedTCA", V2_5},
+    {0x1C, "Blade", V2_7},
+    {0x1D, "Blade Enclosure", V2_7},
+};
+
+constexpr Row ChassisStateRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Safe"},
+    {0x04, "Warning"},
+    {0x05, "Critical"},
+    {0x06, "Non Recoverable"},
+};
+
+constexpr Row SecurityStatusRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "None"},
+    {0x04, "External interface locked out"},
+    {0x05, "External interface enabled"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "Manufacturer",                 StringReference, String,  V2_3},
+    {0x05, "ChassisType",                  1,               Decimal, V2_3, MaskedEnumeration(ChassisTypeRows)},
+    {0x06, "Version",                      StringReference, String,  V2_3},
+    {0x07, "SerialNo",                     StringReference, String,  V2_3},
+    {0x08, "AssetTagNo",                   StringReference, String,  V2_3},
+    {0x09, "BootupState",                  1,               Decimal, V2_3, Enumeration(ChassisStateRows)},
+    {0x0A, "PowerSupplyState",             1,               Decimal, V2_3, Enumeration(ChassisStateRows)},
+    {0x0B, "ThermalState",                 1,               Decimal, V2_3, Enumeration(ChassisStateRows)},
+    {0x0C, "SecurityStatus",               1,               Decimal, V2_3, Enumeration(SecurityStatusRows)},
+    {0x0D, "OEMdefined",                   4,               Decimal, V2_3},
+    {0x11, "Height",                       1,               Decimal, V2_3},
+    {0x12, "NumberofPowerCords",           1,               Decimal, V2_3},
+    {0x13, "ContainedElementCount",        1,               Decimal, V2_3},
+    {0x14, "ContainedElementRecordLength", 1,               Decimal, V2_3},
+    {0x15, "ContainedElements",            1,               Decimal, V2_3},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type003SystemEnclosure{3, Instances::Shared, V2_3, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

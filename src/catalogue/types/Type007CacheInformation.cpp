@@ -1,0 +1,100 @@
+// Type 7, Cache Information.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row CacheConfigurationRows[] = {
+    {1, "L1Cache"},
+    {2, "L2Cache"},
+    {3, "L3Cache"},
+    {4, "L4Cache"},
+    {5, "L5Cache"},
+    {6, "L6Cache"},
+    {7, "L7Cache"},
+    {8, "L8Cache"},
+    {9, "NotSocketed"},
+    {10, "Socketed"},
+    {11, "Internal"},
+    {12, "External"},
+    {13, "Reserved"},
+    {14, "Unknown"},
+    {15, "Disabled"},
+    {16, "Enabled"},
+    {17, "Write Through"},
+    {18, "Write Back"},
+    {19, "Varies with Memory Address"},
+    {20, "Unknown"},
+};
+
+constexpr Row CacheSizeRows[] = {
+    {1, "1K Granularity"},
+    {2, "64K Granularity"},
+};
+
+constexpr Row SramTypeRows[] = {
+    {2, "Non Burst"},
+    {3, "Burst"},
+    {4, "Pipeline Burst"},
+    {5, "Synchronous"},
+    {6, "Asynchronous"},
+};
+
+constexpr Row ErrorCorrectionTypeRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "None"},
+    {0x04, "Parity"},
+    {0x05, "Single bit ECC"},
+    {0x06, "Multi bit ECC"},
+};
+
+constexpr Row SystemCacheTypeRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Instruction"},
+    {0x04, "Data"},
+    {0x05, "Unified"},
+};
+
+constexpr Row AssociativityRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Direct Mapped"},
+    {0x04, "2 way Set Associative"},
+    {0x05, "4 way Set Associative"},
+    {0x06, "Fully Associative"},
+    {0x07, "8 way Set Associative"},
+    {0x08, "16 way Set Associative"},
+    {0x09, "12 way Set Associative", V2_7},
+    {0x0A, "24 way Set Associative", V2_7},
+    {0x0B, "32 way Set Associative", V2_7},
+    {0x0C, "48 way Set Associative", V2_7},
+    {0x0D, "64 way Set Associative", V2_7},
+    {0x0E, "20 way Set Associative", V2_7},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "SocketDesignation",   StringReference, String,  V2_3},
+    {0x05, "CacheConfiguration",  2,               Decimal, V2_3, DecodedBy("CacheConfiguration", CacheConfigurationRows)},
+    {0x07, "MaxCacheSize",        2,               Decimal, V2_3, DecodedBy("CacheSize", CacheSizeRows)},
+    {0x09, "InstalledSize",       2,               Decimal, V2_3, DecodedBy("CacheSize", CacheSizeRows)},
+    {0x0B, "SupportedSRAMType",   2,               Decimal, V2_3, Bits(16, SramTypeRows)},
+    {0x0D, "CurrentSRAMType",     2,               Decimal, V2_3, Bits(16, SramTypeRows)},
+    {0x0F, "CacheSpeed",          1,               Decimal, V2_3},
+    {0x10, "ErrorCorrectionType", 1,               Decimal, V2_3, Enumeration(ErrorCorrectionTypeRows)},
+    {0x11, "SystemCacheType",     1,               Decimal, V2_3, Enumeration(SystemCacheTypeRows)},
+    {0x12, "Associativity",       1,               Decimal, V2_3, Enumeration(AssociativityRows)},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type007CacheInformation{7, Instances::Indexed, V2_3, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

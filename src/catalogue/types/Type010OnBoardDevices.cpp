@@ -1,0 +1,33 @@
+// Type 10, On Board Devices Information.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row DeviceTypeRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Video"},
+    {0x04, "SCSI Controller"},
+    {0x05, "Ethernet"},
+    {0x06, "Token Ring"},
+    {0x07, "Sound"},
+    {0x08, "PATA Controller", V2_5},
+    {0x09, "SATA Controller", V2_5},
+    {0x0A, "SASController", V2_5},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "DeviceType",        1,               Decimal, V2_3, MaskedEnumeration(DeviceTypeRows)},
+    {0x05, "DescriptionString", StringReference, String,  V2_3},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type010OnBoardDevices{10, Instances::Indexed, V2_3, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

@@ -1,0 +1,18 @@
+// Type 11, OEM Strings.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Field Fields[] = {
+    {0x04, "StringCount", 1, Decimal, V2_3},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type011OemStrings{11, Instances::Shared, V2_3, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

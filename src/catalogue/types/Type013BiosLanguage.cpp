@@ -1,0 +1,26 @@
+// Type 13, BIOS Language Information.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row FlagsRows[] = {
+    {1, "Current Language Format/Long Format"},
+    {2, "Current Language Format/Abbreviated Format"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "InstallableLanguages", 1,               Decimal, V2_3},
+    {0x05, "Flags",                1,               Decimal, V2_3, DecodedBy("Flags", FlagsRows)},
+    {0x06, "Reserved",             15,              Hex,     V2_3},
+    {0x15, "CurrentLanguage",      StringReference, String,  V2_3},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type013BiosLanguage{13, Instances::Shared, V2_3, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

@@ -1,0 +1,63 @@
+// Type 16, Physical Memory Array.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row LocationRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "System board or motherboard"},
+    {0x04, "ISA add-on card"},
+    {0x05, "EISA add-on card"},
+    {0x06, "PCI add-on card"},
+    {0x07, "MCA add-on card"},
+    {0x08, "PCMCIA add-on card"},
+    {0x09, "Proprietary add-on card"},
+    {0x0A, "NuBus"},
+    {0xA0, "PC-98/C20 add-on card"},
+    {0xA1, "PC-98/C24 add-on card"},
+    {0xA2, "PC-98/E add-on card"},
+    {0xA3, "PC-98/Local bus add-on card"},
+};
+
+constexpr Row UseRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "System memory"},
+    {0x04, "Video memory"},
+    {0x05, "Flash memory"},
+    {0x06, "Non-volatile RAM"},
+    {0x07, "Cache memory"},
+};
+
+constexpr Row MemoryErrorCorrectionRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "None"},
+    {0x04, "Parity"},
+    {0x05, "Single-bit ECC"},
+    {0x06, "Multi-bit ECC"},
+    {0x07, "CRC"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "Location",              1, Decimal, V2_3, Enumeration(LocationRows)},
+    {0x05, "Use",                   1, Decimal, V2_3, Enumeration(UseRows)},
+    {0x06, "MemoryErrorCorrection", 1, Decimal, V2_3, Enumeration(MemoryErrorCorrectionRows)},
+    {0x07, "MaxCapacity",           4, Decimal, V2_3},
+    {0x0B, "MemoryErrorInfoHandle", 2, Decimal, V2_3},
+    {0x0D, "NumMemoryDevices",      2, Decimal, V2_3},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type016PhysicalMemoryArray{16, Instances::Indexed, V2_3, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

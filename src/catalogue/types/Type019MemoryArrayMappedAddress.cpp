@@ -1,0 +1,21 @@
+// Type 19, Memory Array Mapped Address.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Field Fields[] = {
+    {0x04, "StartingAddress",   4, Decimal, V2_3},
+    {0x08, "EndingAddress",     4, Decimal, V2_3},
+    {0x0C, "MemoryArrayHandle", 2, Decimal, V2_3},
+    {0x0E, "PartitionWidth",    1, Decimal, V2_3},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type019MemoryArrayMappedAddress{19, Instances::Indexed, V2_3, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

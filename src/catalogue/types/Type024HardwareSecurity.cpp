@@ -1,0 +1,25 @@
+// Type 24, Hardware Security.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row HardwareSecuritySettingsRows[] = {
+    {1, "Disabled"},
+    {2, "Enabled"},
+    {3, "Not Implemented"},
+    {4, "Unknown"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "HardwareSecuritySettings", 1, Decimal, V2_3, DecodedBy("HardwareSecuritySettings", HardwareSecuritySettingsRows)},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type024HardwareSecurity{24, Instances::Shared, V2_3, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

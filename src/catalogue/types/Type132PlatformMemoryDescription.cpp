@@ -1,0 +1,23 @@
+// Type 132, platform memory description: an OEM structure, one for each block of SPD data in physical memory.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Field Fields[] = {
+    {0x04, "Address",  4, Decimal, V2_7},
+    {0x08, "Size",     4, Decimal, V2_7},
+    {0x0C, "Socket",   1, Decimal, V2_7},
+    {0x0D, "Channel",  1, Decimal, V2_7},
+    {0x0E, "DimmSlot", 1, Decimal, V2_7},
+    {0x0F, "Reserved", 1, Decimal, V2_7},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type132PlatformMemoryDescription{132, Instances::Indexed, V2_7, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

@@ -1,0 +1,19 @@
+// Type 133, platform reserved memory: an OEM structure that gives the range which the firmware keeps.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Field Fields[] = {
+    {0x04, "Address", 4, Decimal, V2_7},
+    {0x08, "Size",    4, Decimal, V2_7},
+};
+
+static_assert(OffsetsFollowWidths(Fields));
+
+} // namespace
+
+const Type Type133PlatformReservedMemory{133, Instances::Shared, V2_7, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

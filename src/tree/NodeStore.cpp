@@ -1,0 +1,75 @@
+#include "tree/NodeStore.h"
+
+#include "SMBIOSProtocol/TreeTooLarge.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+namespace Protocol::SMBIOS {
+
+namespace {
+
+constexpr std::size_t LargestBlock = 256 * 1024;
+
+} // namespace
+
+const char* TreeTooLarge::what() const noexcept
+{
+    return "the SMBIOS table would make a tree of more than 1,048,576 writes: it is damaged, or made to "
+           "exhaust "
+           "memory";
+}
+
+NodeStore::~NodeStore()
+{
+    std::free(RawBlock);
+}
+
+TreeNode& NodeStore::NewNode(std::string_view path)
+{
+    TreeNode& node = Nodes.emplace_back();
+    node.Path = path;
+    return node;
+}
+
+std::string_view NodeStore::Keep(std::string_view text)
+{
+    if (text.size() > TextLeft)
+        AddBlock(text.size());
+    char* const start = TextEnd;
+    std::copy(text.begin(), text.end(), start);
+    TextEnd += text.size();
+    TextLeft -= text.size();
+    return {start, text.size()};
+}
+
+void NodeStore::Forget(std::string_view text)
+{
+    TextEnd -= text.size();
+    TextLeft += text.size();
+}
+
+void NodeStore::CountWrite()
+{
+    if (Writes == TreeTooLarge::MaxWrites)
+        throw TreeTooLarge();
+    ++Writes;
+}
+
+void NodeStore::OwnRawBlock(unsigned char* block)
+{
+    std::free(RawBlock);
+    RawBlock = block;
+}
+
+void NodeStore::AddBlock(std::size_t size)
+{
+    const std::size_t blockSize = std::max(size, BlockSize);
+    TextBlocks.push_back(std::unique_ptr<char[]>(new char[blockSize]));
+    TextEnd = TextBlocks.back().get();
+    TextLeft = blockSize;
+    BlockSize = std::min(2 * BlockSize, LargestBlock);
+}
+
+} // namespace Protocol::SMBIOS
