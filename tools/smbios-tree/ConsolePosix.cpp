@@ -1,0 +1,30 @@
+#include "Console.h"
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <string_view>
+#include <unistd.h>
+
+namespace SmbiosTree::Console {
+
+std::vector<std::string> Arguments(int argc, char** argv)
+{
+    return {argv + (argc > 0 ? 1 : 0), argv + argc};
+}
+
+// A stream that the caller closed would otherwise be the next file that is opened, and be written into.
+void PrepareStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) < 0)
+            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+}
+
+bool ShowsColours()
+{
+    const char* const terminal = std::getenv("TERM");
+    return isatty(STDOUT_FILENO) == 1 && terminal != nullptr && std::string_view(terminal) != "dumb";
+}
+
+} // namespace SmbiosTree::Console
