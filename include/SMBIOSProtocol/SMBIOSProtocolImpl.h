@@ -92,6 +92,7 @@ private:
     // decoding: one structure, one field, one value
     const SMBTable& SMBiosDataTable(std::string_view path, int type, int handle);
     void DecodeFields(const SMBTable& table, const SMBiosStructure& structure, int type, TreeNode& node);
+    bool IsHandleField(int type, std::string_view name) const;
     static void ExtractField(const char* source, char* destination, unsigned char width,
                              FieldInterpretation interpretation);
     static std::string ConvertIntToString(unsigned long long value);
@@ -112,15 +113,18 @@ private:
 
     // tree: nodes and their paths
     TreeNode* FindNode(std::string_view path) const; ///< null where the path has no node
-    TreeNode& NodeAt(std::string_view path);         ///< makes an entry where there is none
-    TreeNode& StoreNode(std::string_view path, _NODE_TYPE type, std::string_view value = {});
-    void Overwrite(TreeNode& node, _NODE_TYPE type, std::string_view value);
-    TreeNode& ListChild(TreeNode& parent, std::string_view path);
-    TreeNode& AddChild(TreeNode& parent, std::string_view path, _NODE_TYPE type, std::string_view value = {});
+    TreeNode& NodeAt(std::string_view path, std::string_view separator = {}, std::string_view name = {});
+    TreeNode& ListChild(TreeNode& parent, std::string_view separator, std::string_view name);
+    TreeNode& ListInstance(TreeNode& parent, std::size_t index);
+    TreeNode& AddInstance(TreeNode& parent, std::size_t index);
+    TreeNode& AddLeaf(TreeNode& parent, std::string_view name, std::string_view value);
+    TreeNode& AddInner(TreeNode& parent, std::string_view name);
+    TreeNode& StoreInner(std::string_view path);
+    void Overwrite(TreeNode& node, _NODE_TYPE type, std::string_view value = {});
     void AddNode(std::string_view parent, std::string_view name, std::string_view value, _NODE_TYPE type);
     void InsertLeafXNode(std::string_view value, std::string_view path);
     void FillInfo(std::string_view path, std::string_view source, char separator);
-    void CopySubtree(const TreeNode& source, std::string_view path, char separator);
+    void CopySubtree(const TreeNode& source, TreeNode& copy);
     void DeleteResultMap(std::string_view path);
 
     // inventory

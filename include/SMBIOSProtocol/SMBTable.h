@@ -46,6 +46,8 @@ public:
     /// The rows behind the header, by rising key.
     const std::vector<Row>& Rows() const { return RowsByKey; }
 
+    void Reserve(std::size_t rowCount) { RowsByKey.reserve(rowCount); }
+
     /// Adds a row whose key is above all others.
     void Append(int key, std::string_view text) { RowsByKey.push_back({key, text}); }
 

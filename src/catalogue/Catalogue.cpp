@@ -2,6 +2,8 @@
 
 #include "catalogue/Types.h"
 
+#include <iterator>
+
 namespace Protocol::SMBIOS::Catalogue {
 
 namespace {
@@ -72,6 +74,7 @@ int Key(const Table& table, const Row& row, std::size_t rowsBefore)
 ValueTable Build(const Table& table, Revision revision)
 {
     ValueTable built(Header(table, revision));
+    built.Reserve(table.RowCount);
     for (std::size_t i = 0; i < table.RowCount; ++i) {
         const Row& row = table.Rows[i];
         if (row.Has(revision))
@@ -84,6 +87,7 @@ SMBTable Build(const Type& type, Revision revision)
 {
     SMBTable built;
     built.Indexed = type.Indexed;
+    built.Fields.reserve(type.FieldCount);
     for (std::size_t i = 0; i < type.FieldCount; ++i) {
         const Field& field = type.Fields[i];
         if (revision < field.From)
@@ -100,6 +104,7 @@ SMBTable Build(const Type& type, Revision revision)
 std::unordered_map<unsigned char, SMBTable> Build(Revision revision)
 {
     std::unordered_map<unsigned char, SMBTable> tables;
+    tables.reserve(std::size(AllTypes));
     for (const Type* type : AllTypes) {
         if (revision >= type->From)
             tables.emplace(type->Number, Build(*type, revision));

@@ -33,11 +33,11 @@ void SMBIOSProtocolImpl::DefineSMBiosTable()
         RaiseFailure(RESULT_UNSUPPORTED_VERSION);
     (this->*builder->Build)();
 
-    TreeNode& root = StoreNode(RootPath, NODE_INNER);
+    TreeNode& root = StoreInner(RootPath);
     for (const unsigned char type : CataloguedTypes())
-        AddChild(root, RootPath + "/Type" + std::to_string(type), NODE_INNER);
-    AddChild(root, RootPath + "/ProcessorInfo", NODE_INNER);
-    AddChild(root, RootPath + "/MemoryArray", NODE_INNER);
+        AddInner(root, "Type" + std::to_string(type));
+    AddInner(root, "ProcessorInfo");
+    AddInner(root, "MemoryArray");
 }
 
 void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_23()

@@ -13,10 +13,9 @@ namespace Protocol::SMBIOS {
 // The size stays a count of units: 1K or 64K.
 std::string SMBIOSProtocolImpl::CalculateCacheSize(int value, const ValueTable& table, std::string_view path)
 {
-    TreeNode& node = StoreNode(path, NODE_INNER);
-    AddChild(node, std::string(path).append("/Size"), NODE_LEAF,
-             ConvertIntToString(static_cast<unsigned int>(value & 0x7FFF)));
-    AddChild(node, std::string(path).append("/Unit"), NODE_LEAF, table.Text((value & 0x8000) != 0 ? 2 : 1));
+    TreeNode& node = StoreInner(path);
+    AddLeaf(node, "Size", ConvertIntToString(static_cast<unsigned int>(value & 0x7FFF)));
+    AddLeaf(node, "Unit", table.Text((value & 0x8000) != 0 ? 2 : 1));
     return {};
 }
 
@@ -27,13 +26,13 @@ std::string SMBIOSProtocolImpl::CalculateCacheConfiguration(int value, const Val
         std::string_view Name;
         int Row;
     } children[] = {
-        {"/CacheLevel", (value & 7) + 1},           {"/Cache Socketed", (value & 8) != 0 ? 10 : 9},
-        {"/Location", (value >> 5 & 3) + 11},       {"/At Boot Time", (value & 0x80) != 0 ? 16 : 15},
-        {"/Operation Mode", (value >> 8 & 3) + 17},
+        {"CacheLevel", (value & 7) + 1},           {"Cache Socketed", (value & 8) != 0 ? 10 : 9},
+        {"Location", (value >> 5 & 3) + 11},       {"At Boot Time", (value & 0x80) != 0 ? 16 : 15},
+        {"Operation Mode", (value >> 8 & 3) + 17},
     };
-    TreeNode& node = StoreNode(path, NODE_INNER);
+    TreeNode& node = StoreInner(path);
     for (const auto& child : children)
-        AddChild(node, std::string(path).append(child.Name), NODE_LEAF, table.Text(child.Row));
+        AddLeaf(node, child.Name, table.Text(child.Row));
     return {};
 }
 

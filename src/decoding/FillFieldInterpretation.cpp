@@ -72,18 +72,16 @@ void SMBIOSProtocolImpl::InterpretEnumeration(std::string_view path, std::string
 void SMBIOSProtocolImpl::InterpretBits(unsigned long long value, const ValueTable& table,
                                        std::string_view path)
 {
-    TreeNode& node = StoreNode(path, NODE_INNER);
+    TreeNode& node = StoreInner(path);
     const auto bits = static_cast<unsigned int>(value);
     const std::string& reported = table.Header();
     std::size_t row = 0;
-    std::string childPath;
     node.Children.reserve(table.Rows().size());
     for (std::size_t bit = 0; bit < reported.size(); ++bit) {
         if (reported[bit] != '1')
             continue;
         const bool isSet = bit < 32 && (bits >> bit & 1U) != 0;
-        childPath.assign(path).append("/").append(table.Rows()[row++].Text);
-        AddChild(node, childPath, NODE_LEAF, isSet ? "Supported" : "Not Supported");
+        AddLeaf(node, table.Rows()[row++].Text, isSet ? "Supported" : "Not Supported");
     }
 }
 

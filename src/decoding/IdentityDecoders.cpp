@@ -20,11 +20,11 @@ std::string SMBIOSProtocolImpl::CalculateFlag(int value, const ValueTable& table
 std::string SMBIOSProtocolImpl::CalculateHardwareSecuritySettings(int value, const ValueTable& table,
                                                                   std::string_view path)
 {
-    static constexpr std::string_view Children[] = {"/FrontPanelReset", "/AdministratorPassword",
-                                                    "/KeyboardPassword", "/PowerOnPassword"};
-    TreeNode& node = StoreNode(path, NODE_INNER);
+    static constexpr std::string_view Children[] = {"FrontPanelReset", "AdministratorPassword",
+                                                    "KeyboardPassword", "PowerOnPassword"};
+    TreeNode& node = StoreInner(path);
     for (const std::string_view child : Children) {
-        AddChild(node, std::string(path).append(child), NODE_LEAF, table.Text((value & 3) + 1));
+        AddLeaf(node, child, table.Text((value & 3) + 1));
         value >>= 2;
     }
     return {};

@@ -12,10 +12,9 @@ namespace Protocol::SMBIOS {
 std::string SMBIOSProtocolImpl::CalculateProcessorStatus(int value, const ValueTable& table,
                                                          std::string_view path)
 {
-    TreeNode& node = StoreNode(path, NODE_INNER);
-    AddChild(node, std::string(path).append("/CPUStatus"), NODE_LEAF, table.Text((value & 7) + 1));
-    AddChild(node, std::string(path).append("/CPU Socket Populated"), NODE_LEAF,
-             (value & 0x40) != 0 ? "Yes" : "No");
+    TreeNode& node = StoreInner(path);
+    AddLeaf(node, "CPUStatus", table.Text((value & 7) + 1));
+    AddLeaf(node, "CPU Socket Populated", (value & 0x40) != 0 ? "Yes" : "No");
     return {};
 }
 

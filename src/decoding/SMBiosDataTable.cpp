@@ -58,13 +58,8 @@ const SMBTable& SMBIOSProtocolImpl::SMBiosDataTable(std::string_view path, int t
     if (handle == 0) {
         if (table.Indexed)
             top.Children.reserve(table.Instances.size());
-        for (std::size_t i = 0; i < table.Instances.size(); ++i) {
-            TreeNode& node =
-                table.Indexed
-                    ? AddChild(top, std::string(path).append("[" + std::to_string(i + 1) + "]"), NODE_INNER)
-                    : top;
-            DecodeFields(table, table.Instances[i], type, node);
-        }
+        for (std::size_t i = 0; i < table.Instances.size(); ++i)
+            DecodeFields(table, table.Instances[i], type, table.Indexed ? AddInstance(top, i + 1) : top);
         return table;
     }
 
@@ -75,7 +70,7 @@ const SMBTable& SMBIOSProtocolImpl::SMBiosDataTable(std::string_view path, int t
         std::lower_bound(table.InstancesByHandle.begin(), table.InstancesByHandle.end(), handle, byHandle);
     for (; position != table.InstancesByHandle.end() && table.Instances[*position].Handle == handle;
          ++position) {
-        AddChild(top, std::string(path).append("/Handle"), NODE_LEAF, HandleText(handle));
+        AddLeaf(top, "Handle", HandleText(handle));
         DecodeFields(table, table.Instances[*position], type, top);
     }
     return table;
@@ -85,11 +80,9 @@ const SMBTable& SMBIOSProtocolImpl::SMBiosDataTable(std::string_view path, int t
 void SMBIOSProtocolImpl::DecodeFields(const SMBTable& table, const SMBiosStructure& structure, int type,
                                       TreeNode& node)
 {
-    const auto subTypes = ValidSubTypes.find(type);
     const unsigned char* const end = TableBase + TableLength;
     const unsigned char* cursor = structure.Data + HeaderSize;
     char buffer[256];
-    std::string fieldPath;
     if (node.Children.empty())
         node.Children.reserve(table.Fields.size());
 
@@ -106,23 +99,27 @@ void SMBIOSProtocolImpl::DecodeFields(const SMBTable& table, const SMBiosStructu
         }
         cursor += SizeOf(field);
 
-        fieldPath.assign(node.Path).append("/").append(field.Name);
-        TreeNode& fieldNode = ListChild(node, fieldPath);
+        TreeNode& fieldNode = ListChild(node, "/", field.Name);
         if (table.ValueTables.count(field.Name) != 0) {
-            FillFieldInterpretation(fieldPath, field.Name, value, table.ValueTables);
+            FillFieldInterpretation(fieldNode.Path, field.Name, value, table.ValueTables);
             continue;
         }
-        const bool holdsHandle =
-            subTypes != ValidSubTypes.end() &&
-            std::find(subTypes->second.begin(), subTypes->second.end(), field.Name) != subTypes->second.end();
-        const int linkedHandle = holdsHandle ? LinkedHandleOf(value) : 0;
+        const int linkedHandle = IsHandleField(type, field.Name) ? LinkedHandleOf(value) : 0;
         if (linkedHandle != 0) {
-            SubTypeLinks.push_back({type, std::string(field.Name), fieldPath, linkedHandle});
-            Overwrite(fieldNode, NODE_INNER, {});
+            SubTypeLinks.push_back(
+                {type, std::string(field.Name), std::string(fieldNode.Path), linkedHandle});
+            Overwrite(fieldNode, NODE_INNER);
         } else {
             Overwrite(fieldNode, NODE_LEAF, value);
         }
     }
+}
+
+bool SMBIOSProtocolImpl::IsHandleField(int type, std::string_view name) const
+{
+    const auto fields = ValidSubTypes.find(type);
+    return fields != ValidSubTypes.end() &&
+           std::find(fields->second.begin(), fields->second.end(), name) != fields->second.end();
 }
 
 } // namespace Protocol::SMBIOS

@@ -53,8 +53,7 @@ void SMBIOSProtocolImpl::DumpMemorySPD()
             continue;
         const unsigned int length = std::min(NumberOf(size->Value), MaxBlockSize);
         MapUnderLock(NumberOf(address->Value), length, EntryMapping, Function, __LINE__);
-        AddChild(*block, path + "/SPD_RAW", NODE_LEAF,
-                 HexText(static_cast<const unsigned char*>(EntryMapping->Pointer), length));
+        AddLeaf(*block, "SPD_RAW", HexText(static_cast<const unsigned char*>(EntryMapping->Pointer), length));
     }
 }
 

@@ -30,7 +30,7 @@ void SMBIOSProtocolImpl::FillMemoryArray()
     const std::vector<SMBiosStructure>& instances = TypeTables.at(PhysicalMemoryArray).Instances;
     for (std::size_t n = 1; n <= arrays->Children.size(); ++n) {
         const std::string arrayPath = Indexed(listPath, n);
-        ListChild(list, arrayPath);
+        ListInstance(list, n);
         FillInfo(listPath, Indexed(RootPath + "/Type16", n), '6');
         AddNode(arrayPath, "/MemoryDevice", "", NODE_INNER);
         FillPresentMemory(arrayPath + "/MemoryDevice", arrayPath, instances[n - 1].Handle, devices);
@@ -64,13 +64,14 @@ void SMBIOSProtocolImpl::FillPresentMemory(std::string_view devicePath, std::str
         list.Children.reserve(members->second.size());
         for (const std::size_t i : members->second) {
             const std::string source = Indexed(RootPath + "/Type17", i);
-            const std::string newPath = Indexed(devicePath, k++);
+            const std::string newPath = Indexed(devicePath, k);
             const bool isPresent = FindNode(source + "/Size")->Value != "0";
             if (isPresent)
                 ++present;
-            ListChild(list, newPath);
+            ListInstance(list, k);
             FillInfo(newPath, source, ']');
             AddNode(newPath, "/DevicePresent", isPresent ? "True" : "False", NODE_LEAF);
+            ++k;
         }
     }
     AddNode(arrayPath, "/TotalNoOfDevicePresent", ConvertIntToString(present), NODE_LEAF);

@@ -26,7 +26,7 @@ void SMBIOSProtocolImpl::FillProcessorInfo()
         const bool isPresent = populated->Value.find("Yes") != std::string_view::npos;
         if (isPresent)
             ++present;
-        ListChild(list, listPath + index);
+        ListInstance(list, n);
         FillInfo(listPath, source, '4');
         AddNode(listPath + index, "/ProcessorPresent", isPresent ? "True" : "False", NODE_LEAF);
     }

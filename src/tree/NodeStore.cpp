@@ -33,15 +33,16 @@ TreeNode& NodeStore::NewNode(std::string_view path)
     return node;
 }
 
-std::string_view NodeStore::Keep(std::string_view text)
+std::string_view NodeStore::Keep(std::string_view first, std::string_view second, std::string_view third)
 {
-    if (text.size() > TextLeft)
-        AddBlock(text.size());
+    const std::size_t size = first.size() + second.size() + third.size();
+    if (size > TextLeft)
+        AddBlock(size);
     char* const start = TextEnd;
-    std::copy(text.begin(), text.end(), start);
-    TextEnd += text.size();
-    TextLeft -= text.size();
-    return {start, text.size()};
+    for (const std::string_view text : {first, second, third})
+        TextEnd = std::copy(text.begin(), text.end(), TextEnd);
+    TextLeft -= size;
+    return {start, size};
 }
 
 void NodeStore::Forget(std::string_view text)

@@ -46,8 +46,8 @@ public:
     /// A new inner node without children. It stays where it is for the store's life.
     TreeNode& NewNode(std::string_view path);
 
-    /// A copy of `text` that lives as long as the store.
-    std::string_view Keep(std::string_view text);
+    /// A copy of the three texts, joined, that lives as long as the store.
+    std::string_view Keep(std::string_view first, std::string_view second = {}, std::string_view third = {});
 
     /// Takes back the newest Keep, whose result was `text`.
     void Forget(std::string_view text);

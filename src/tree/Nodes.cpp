@@ -12,9 +12,10 @@ TreeNode* SMBIOSProtocolImpl::FindNode(std::string_view path) const
     return entry == ResultNodes.end() ? nullptr : entry->second;
 }
 
-TreeNode& SMBIOSProtocolImpl::NodeAt(std::string_view path)
+// The node at `path` + `separator` + `name`, made where there is none.
+TreeNode& SMBIOSProtocolImpl::NodeAt(std::string_view path, std::string_view separator, std::string_view name)
 {
-    const std::string_view kept = Store->Keep(path);
+    const std::string_view kept = Store->Keep(path, separator, name);
     const auto [entry, isNew] = ResultNodes.try_emplace(kept, nullptr);
     if (isNew)
         entry->second = &Store->NewNode(kept);
@@ -23,15 +24,52 @@ TreeNode& SMBIOSProtocolImpl::NodeAt(std::string_view path)
     return *entry->second;
 }
 
-// A node that already stands at the path gives way: it becomes the new one, without the old value and
-// children.
-TreeNode& SMBIOSProtocolImpl::StoreNode(std::string_view path, _NODE_TYPE type, std::string_view value)
+// Lists a child below `parent`, ahead of what the caller stores there.
+TreeNode& SMBIOSProtocolImpl::ListChild(TreeNode& parent, std::string_view separator, std::string_view name)
+{
+    Store->CountWrite();
+    const std::size_t nodesBefore = ResultNodes.size();
+    TreeNode& child = NodeAt(parent.Path, separator, name);
+    if (ResultNodes.size() == nodesBefore)
+        parent.ListsRepeats = true;
+    parent.Children.push_back(&child);
+    return child;
+}
+
+TreeNode& SMBIOSProtocolImpl::ListInstance(TreeNode& parent, std::size_t index)
+{
+    return ListChild(parent, "[", std::to_string(index) + "]");
+}
+
+TreeNode& SMBIOSProtocolImpl::AddInstance(TreeNode& parent, std::size_t index)
+{
+    TreeNode& instance = ListInstance(parent, index);
+    Overwrite(instance, NODE_INNER);
+    return instance;
+}
+
+TreeNode& SMBIOSProtocolImpl::AddLeaf(TreeNode& parent, std::string_view name, std::string_view value)
+{
+    TreeNode& leaf = ListChild(parent, "/", name);
+    Overwrite(leaf, NODE_LEAF, value);
+    return leaf;
+}
+
+TreeNode& SMBIOSProtocolImpl::AddInner(TreeNode& parent, std::string_view name)
+{
+    TreeNode& inner = ListChild(parent, "/", name);
+    Overwrite(inner, NODE_INNER);
+    return inner;
+}
+
+TreeNode& SMBIOSProtocolImpl::StoreInner(std::string_view path)
 {
     TreeNode& node = NodeAt(path);
-    Overwrite(node, type, value);
+    Overwrite(node, NODE_INNER);
     return node;
 }
 
+// Stores a new node in the place of `node`, whose value and children go.
 void SMBIOSProtocolImpl::Overwrite(TreeNode& node, _NODE_TYPE type, std::string_view value)
 {
     Store->CountWrite();
@@ -41,64 +79,45 @@ void SMBIOSProtocolImpl::Overwrite(TreeNode& node, _NODE_TYPE type, std::string_
     node.ListsRepeats = false;
 }
 
-// Lists `path` below `parent`, ahead of the node that the caller stores there.
-TreeNode& SMBIOSProtocolImpl::ListChild(TreeNode& parent, std::string_view path)
-{
-    Store->CountWrite();
-    const std::size_t nodesBefore = ResultNodes.size();
-    TreeNode& child = NodeAt(path);
-    if (ResultNodes.size() == nodesBefore)
-        parent.ListsRepeats = true;
-    parent.Children.push_back(&child);
-    return child;
-}
-
-TreeNode& SMBIOSProtocolImpl::AddChild(TreeNode& parent, std::string_view path, _NODE_TYPE type,
-                                       std::string_view value)
-{
-    TreeNode& child = ListChild(parent, path);
-    Overwrite(child, type, value);
-    return child;
-}
-
+// `name` begins with its "/". A parent without a node gets no child.
 void SMBIOSProtocolImpl::AddNode(std::string_view parent, std::string_view name, std::string_view value,
                                  _NODE_TYPE type)
 {
     TreeNode* const parentNode = FindNode(parent);
     if (parentNode == nullptr)
         return;
-    AddChild(*parentNode, std::string(parent).append(name), type,
-             type == NODE_LEAF ? value : std::string_view());
+    TreeNode& child = ListChild(*parentNode, {}, name);
+    Overwrite(child, type, type == NODE_LEAF ? value : std::string_view());
 }
 
 void SMBIOSProtocolImpl::InsertLeafXNode(std::string_view value, std::string_view path)
 {
-    StoreNode(path, NODE_LEAF, value);
+    Overwrite(NodeAt(path), NODE_LEAF, value);
 }
 
 // Copies the subtree at `source` to new paths: of each path, all up to the first `separator` gives way to
-// `path`. The separator is sought behind RootPath, which may hold that character too.
+// `path`. The separator is sought behind RootPath, which may hold that character too; it stands in `source`
+// itself.
 void SMBIOSProtocolImpl::FillInfo(std::string_view path, std::string_view source, char separator)
 {
     const TreeNode* const top = FindNode(source);
-    if (top != nullptr)
-        CopySubtree(*top, path, separator);
+    if (top == nullptr)
+        return;
+    const std::string_view tail = source.substr(source.find(separator, RootPath.size()) + 1);
+    CopySubtree(*top, NodeAt(path, tail));
 }
 
-void SMBIOSProtocolImpl::CopySubtree(const TreeNode& source, std::string_view path, char separator)
+void SMBIOSProtocolImpl::CopySubtree(const TreeNode& source, TreeNode& copy)
 {
-    const auto newPath = [&](std::string_view oldPath) {
-        const std::size_t cut = oldPath.find(separator, RootPath.size());
-        const std::string_view tail = cut == std::string_view::npos ? oldPath : oldPath.substr(cut + 1);
-        return std::string(path).append(tail);
-    };
-
-    TreeNode& copy = StoreNode(newPath(source.Path), source.NodeType, source.Value);
+    Overwrite(copy, source.NodeType, source.Value);
     if (source.NodeType != NODE_INNER)
         return;
+    const auto nameOf = [&](const TreeNode& child) { return child.Path.substr(source.Path.size()); };
+    copy.Children.reserve(source.Children.size());
     for (const TreeNode* child : source.Children)
-        ListChild(copy, newPath(child->Path));
-    source.ForEachDistinctChild([&](const TreeNode& child) { CopySubtree(child, path, separator); });
+        ListChild(copy, {}, nameOf(*child));
+    source.ForEachDistinctChild(
+        [&](const TreeNode& child) { CopySubtree(child, NodeAt(copy.Path, nameOf(child))); });
 }
 
 // The nodes belong to the store that copies of this object share: they go with its last holder.

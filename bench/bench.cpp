@@ -1,0 +1,222 @@
+// What the library's work costs, as ratios measured in one run.
+//
+// Construction is held against its floor: the finished nodes, put from ready text into a hash map of full
+// paths to nodes of their own, and freed. A query is held against copying its result. Pairs that form a ratio
+// run interleaved, so that a machine that changes its pace changes both.
+
+#include "Memory.h"
+#include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "support/Image.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace {
+
+using Protocol::SMBIOS::SMBIOSProtocolImpl;
+using SearchResult = std::map<std::string, _XNode>;
+using TestImages::Bytes;
+
+constexpr const char* Root = "/SMBIOS";
+
+struct Subject {
+    std::string Name;
+    Bytes Image;
+
+    std::unique_ptr<SMBIOSProtocolImpl> Object() const
+    {
+        Bytes image = Image;
+        return std::make_unique<SMBIOSProtocolImpl>(image.data(), static_cast<unsigned short>(image.size()),
+                                                    Root);
+    }
+
+    SearchResult Search(const std::string& path) const
+    {
+        SearchResult result;
+        Object()->SMBiosSearch(path, result);
+        return result;
+    }
+};
+
+// The nodes in the containers that the data model names, from ready text.
+class Floor {
+public:
+    explicit Floor(const SearchResult& nodes)
+    {
+        for (const auto& [path, node] : nodes)
+            Nodes.emplace(path, new _XNode(node));
+    }
+    ~Floor()
+    {
+        for (const auto& [path, node] : Nodes)
+            delete node;
+    }
+    Floor(const Floor&) = delete;
+    Floor& operator=(const Floor&) = delete;
+
+private:
+    std::unordered_map<std::string, _XNode*> Nodes;
+};
+
+void Construct(benchmark::State& state, const Subject& subject)
+{
+    for (auto _ : state)
+        benchmark::DoNotOptimize(subject.Object());
+}
+
+void ConstructFloor(benchmark::State& state, const Subject& subject)
+{
+    const SearchResult nodes = subject.Search(Root);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(Floor(nodes));
+}
+
+void Query(benchmark::State& state, const Subject& subject, const std::string& path)
+{
+    const auto object = subject.Object();
+    for (auto _ : state) {
+        SearchResult result;
+        object->SMBiosSearch(path, result);
+        benchmark::DoNotOptimize(result);
+    }
+}
+
+void CopyResult(benchmark::State& state, const Subject& subject, const std::string& path)
+{
+    const SearchResult nodes = subject.Search(path);
+    for (auto _ : state) {
+        SearchResult copy = nodes;
+        benchmark::DoNotOptimize(copy);
+    }
+}
+
+// `count` memory devices, spread over a tenth as many arrays; a processor with a linked cache for each four.
+Bytes Growing(int count)
+{
+    std::vector<TestImages::Structure> structures;
+    const int arrays = std::max(1, count / 10);
+    for (int i = 0; i < arrays; ++i)
+        structures.push_back(TestImages::Structure(16, static_cast<std::uint16_t>(0x1000 + i))
+                                 .Raw({3, 3, 6})
+                                 .Dword(0x400000)
+                                 .Word(0xFFFE)
+                                 .Word(10));
+    for (int i = 0; i < count; ++i)
+        structures.push_back(TestImages::Structure(17, static_cast<std::uint16_t>(0x2000 + i))
+                                 .Word(static_cast<unsigned int>(0x1000 + i % arrays))
+                                 .Word(0xFFFE)
+                                 .Raw({72, 0, 64, 0, 0, 8, 9, 0})
+                                 .Text("D" + std::to_string(i))
+                                 .Fill(11));
+    return TestImages::Image(structures);
+}
+
+Subject Read(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    Bytes bytes{std::istreambuf_iterator<char>(file), {}};
+    if (bytes.empty() || bytes.size() > 0xFFFF) {
+        std::fprintf(stderr, "bench: %s is no table image of 1 to 65,535 bytes\n", path.c_str());
+        std::exit(1);
+    }
+    return {path.substr(path.find_last_of('/') + 1), bytes};
+}
+
+// Collects the median time of each benchmark by name.
+class Medians : public benchmark::BenchmarkReporter {
+public:
+    bool ReportContext(const Context& context) override
+    {
+        PrintBasicContext(&GetErrorStream(), context);
+        return true;
+    }
+
+    void ReportRuns(const std::vector<Run>& runs) override
+    {
+        for (const Run& run : runs) {
+            if (run.aggregate_name == "median")
+                Nanoseconds[run.run_name.function_name] = run.GetAdjustedRealTime();
+        }
+    }
+
+    double operator[](const std::string& name) const { return Nanoseconds.at(name); }
+
+private:
+    std::map<std::string, double> Nanoseconds;
+};
+
+void Register(const Subject& subject)
+{
+    const auto add = [&](const std::string& what, auto&&... arguments) {
+        benchmark::RegisterBenchmark((subject.Name + "/" + what).c_str(), arguments...);
+    };
+    add("construct", Construct, subject);
+    add("floor", ConstructFloor, subject);
+    add("leaf", Query, subject, std::string("/SMBIOS/Type0/BIOSVendor"));
+    add("subtree", Query, subject, std::string("/SMBIOS/Type0"));
+    add("subtree copy", CopyResult, subject, std::string("/SMBIOS/Type0"));
+    add("tree", Query, subject, std::string(Root));
+    add("tree copy", CopyResult, subject, std::string(Root));
+}
+
+void PrintRow(const Subject& subject, const Medians& medians)
+{
+    const auto time = [&](const char* what) { return medians[subject.Name + "/" + what]; };
+    const std::size_t nodes = subject.Search(Root).size();
+    Memory::Begin();
+    const auto object = subject.Object();
+    const Memory::Use use = Memory::SinceBegin();
+    std::printf("| %-24s | %6zu | %9.1f | %5.2f | %5.0f | %5.2f | %5.2f | %5.0f | %5.2f |\n",
+                subject.Name.c_str(), nodes, time("construct") / 1000, time("construct") / time("floor"),
+                time("leaf"), time("subtree") / time("subtree copy"), time("tree") / time("tree copy"),
+                static_cast<double>(use.Held) / static_cast<double>(nodes),
+                static_cast<double>(use.Peak) / static_cast<double>(use.Held));
+}
+
+void PrintGrowth(const std::vector<Subject>& growing, const Medians& medians)
+{
+    std::printf("\n| structures |  nodes | construct ns a node | search ns a node |\n"
+                "|-----------:|-------:|--------------------:|-----------------:|\n");
+    for (const Subject& subject : growing) {
+        const auto nodes = static_cast<double>(subject.Search(Root).size());
+        std::printf("| %10s | %6.0f | %19.0f | %16.0f |\n", subject.Name.c_str(), nodes,
+                    medians[subject.Name + "/construct"] / nodes, medians[subject.Name + "/tree"] / nodes);
+    }
+}
+
+} // namespace
+
+// Usage: bench [BENCHMARK OPTIONS] IMAGE...
+int main(int argc, char** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    std::vector<Subject> subjects;
+    for (int i = 1; i < argc; ++i)
+        subjects.push_back(Read(argv[i]));
+    std::vector<Subject> growing;
+    for (const int count : {10, 100, 1000})
+        growing.push_back({std::to_string(count + std::max(1, count / 10)), Growing(count)});
+
+    for (const Subject& subject : subjects)
+        Register(subject);
+    for (const Subject& subject : growing)
+        Register(subject);
+    Medians medians;
+    benchmark::RunSpecifiedBenchmarks(&medians);
+
+    std::printf(
+        "| image                    |  nodes | construct | / its | leaf  |subtree| tree  | bytes | peak  |\n"
+        "|                          |        |        us | floor |    ns | /copy | /copy |/ node | /held |\n"
+        "|--------------------------|-------:|----------:|------:|------:|------:|------:|------:|------:|"
+        "\n");
+    for (const Subject& subject : subjects)
+        PrintRow(subject, medians);
+    PrintGrowth(growing, medians);
+}
