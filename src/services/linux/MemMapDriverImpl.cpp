@@ -99,39 +99,60 @@ bool IsKeptAway(int error)
     return error == ENOENT || error == ENODEV || error == ENXIO || error == EACCES || error == EPERM;
 }
 
-bool IsPublished()
+bool IsSegment(std::uint64_t address, unsigned int length)
+{
+    return address >= SegmentStart && address + length <= SegmentEnd;
+}
+
+// Whether both published files are there, and as far as `mode` says open to this process.
+bool IsPublished(int mode)
 {
     return std::all_of(std::begin(PublishedFiles), std::end(PublishedFiles),
-                       [](const char* path) { return access(path, R_OK) == 0; });
+                       [mode](const char* path) { return faccessat(AT_FDCWD, path, mode, AT_EACCESS) == 0; });
+}
+
+struct Refusal {
+    ResultCode Code;
+    const char* Advice;
+};
+
+Refusal RefusalFor(std::uint64_t address, unsigned int length, int error)
+{
+    switch (error) {
+    case EACCES:
+        return {RESULT_MAPPING_DENIED, "Run as root."};
+    case EPERM:
+        return {RESULT_MAPPING_DENIED,
+                "The kernel refuses it: it is locked down (secure boot), keeps this range to itself, or the "
+                "process lacks the capability CAP_SYS_RAWIO."};
+    case ENOENT:
+    case ENODEV:
+    case ENXIO:
+        if (!IsSegment(address, length))
+            return {RESULT_MAPPING_UNAVAILABLE,
+                    "There is no memory device here, as in a container: run on the machine itself, as root, "
+                    "or give the container /dev/mem."};
+        if (IsPublished(F_OK))
+            return {RESULT_MAPPING_DENIED,
+                    "There is no memory device here. The kernel publishes the tables under "
+                    "/sys/firmware/dmi, to root alone: run as root."};
+        return {RESULT_MAPPING_UNAVAILABLE,
+                "There is no memory device here, as in a container: run on the machine itself, as root, or "
+                "give the container /dev/mem or /sys/firmware/dmi."};
+    default:
+        return {RESULT_MAPPING_FAILED, "The firmware may have given a wrong address."};
+    }
 }
 
 [[noreturn]] void Raise(std::uint64_t address, unsigned int length, int error)
 {
     char range[64];
     std::snprintf(range, sizeof range, "%u bytes of physical memory at %" PRIX64 "h", length, address);
-    const std::string what =
-        std::string("Cannot read ") + range + " through " + MemoryDevice + ": " + std::strerror(error) + ". ";
-    switch (error) {
-    case EACCES:
-        throw ResultStatus(RESULT_MAPPING_DENIED, what + "Run as root.", "", XCOMMAND_NONE);
-    case EPERM:
-        throw ResultStatus(RESULT_MAPPING_DENIED,
-                           what +
-                               "The kernel refuses it: it is locked down (secure boot), keeps this range to "
-                               "itself, or the process lacks the capability CAP_SYS_RAWIO.",
-                           "", XCOMMAND_NONE);
-    case ENOENT:
-    case ENODEV:
-    case ENXIO:
-        throw ResultStatus(
-            RESULT_MAPPING_UNAVAILABLE,
-            what + "There is no memory device here, as in a container: run on the machine itself, "
-                   "as root, or give the container /dev/mem or /sys/firmware/dmi.",
-            "", XCOMMAND_NONE);
-    default:
-        throw ResultStatus(RESULT_MAPPING_FAILED, what + "The firmware may have given a wrong address.", "",
-                           XCOMMAND_NONE);
-    }
+    const Refusal refusal = RefusalFor(address, length, error);
+    throw ResultStatus(refusal.Code,
+                       std::string("Cannot read ") + range + " through " + MemoryDevice + ": " +
+                           std::strerror(error) + ". " + refusal.Advice,
+                       "", XCOMMAND_NONE);
 }
 
 } // namespace
@@ -141,8 +162,7 @@ void MemMapDriverImpl::Map(unsigned long address, unsigned int length, MappingOw
     auto bytes = std::make_unique<unsigned char[]>(length);
     const int error = Copy(address, length, bytes.get());
     if (error != 0) {
-        const bool isSegment = address >= SegmentStart && address + length <= SegmentEnd;
-        if (!isSegment || !IsKeptAway(error) || !IsPublished())
+        if (!IsSegment(address, length) || !IsKeptAway(error) || !IsPublished(R_OK))
             Raise(address, length, error);
         std::fill_n(bytes.get(), length, ErasedRom);
     }
