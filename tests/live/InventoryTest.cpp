@@ -1,0 +1,146 @@
+// What a live object has beyond the tree of an image: raw SPD data, and the range that the firmware keeps.
+
+#include "Machine.h"
+
+#include <gtest/gtest.h>
+
+#include <numeric>
+
+using Protocol::SMBIOS::SMBIOSProtocolImpl;
+using TestImages::Bytes;
+using TestImages::Structure;
+using TestImages::Table;
+
+namespace {
+
+constexpr std::uint32_t TableAddress = 0xE1235;
+
+Structure SpdBlock(std::uint16_t handle, std::uint32_t address, std::uint32_t size)
+{
+    return Structure(132, handle).Dword(address).Dword(size).Byte(1).Byte(2).Byte(3).Byte(0);
+}
+
+Bytes Counting(std::size_t count, unsigned char first)
+{
+    Bytes bytes(count);
+    std::iota(bytes.begin(), bytes.end(), first);
+    return bytes;
+}
+
+std::string HexText(const Bytes& bytes, std::size_t count)
+{
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i) {
+        char byte[8];
+        std::snprintf(byte, sizeof byte, "0x%02X ", bytes[i]);
+        text += byte;
+    }
+    return text;
+}
+
+TEST(SpdDump, ReadsAtMost512BytesOfEachBlock)
+{
+    struct Row {
+        std::uint32_t Size;
+        unsigned int Read;
+    };
+    const Row rows[] = {{256, 256}, {0, 0}, {512, 512}, {513, 512}, {0xFFFFFFFF, 512}, {3, 3}};
+
+    std::vector<Structure> structures;
+    for (const Row& row : rows) {
+        const auto number = static_cast<std::uint16_t>(structures.size() + 1);
+        structures.push_back(SpdBlock(number, 0xFFF00001U + 0x1000U * number, row.Size));
+        TheMachine.Memory[0xFFF00001UL + 0x1000UL * number] =
+            Counting(600, static_cast<unsigned char>(number * 16));
+    }
+    const Bytes table = Table(structures);
+    TheMachine.PutTable(table);
+    ASSERT_EQ(Create(), 0);
+
+    std::vector<Events> mappings = {Mapped(SegmentAddress, SegmentLength),
+                                    Mapped(TableAddress, static_cast<unsigned int>(table.size()))};
+    for (std::size_t i = 1; i <= std::size(rows); ++i) {
+        const unsigned long address = 0xFFF00001UL + 0x1000UL * i;
+        const unsigned int read = rows[i - 1].Read;
+        mappings.push_back(Mapped(address, read));
+        EXPECT_EQ(LiveLeaf("/SMBIOS/Type132[" + std::to_string(i) + "]/SPD_RAW"),
+                  HexText(TheMachine.Memory[address], read))
+            << rows[i - 1].Size;
+    }
+    EXPECT_EQ(TheMachine.Seen, Joined(mappings));
+
+    const std::string first = "/SMBIOS/Type132[1]";
+    EXPECT_EQ(
+        Search(SMBIOSProtocolImpl::CreateInstance(), first).at(first).Items,
+        (std::vector<std::string>{first + "/Address", first + "/Size", first + "/Socket", first + "/Channel",
+                                  first + "/DimmSlot", first + "/Reserved", first + "/SPD_RAW"}));
+}
+
+// A structure without an address, and the table's last one, cut off in its size.
+TEST(SpdDump, PassesOverStructuresWithoutAddressOrSize)
+{
+    Bytes table = Structure(132, 1).Finished();
+    const Bytes whole = SpdBlock(2, 0x5000, 2).Finished();
+    table.insert(table.end(), whole.begin(), whole.end());
+    const Bytes cut = Structure(132, 3).Dword(0x6000).Word(2).Finished();
+    table.insert(table.end(), cut.begin(), cut.end() - 2);
+    TheMachine.Memory[0x5000] = {0x92, 0x0B};
+    TheMachine.PutTable(table);
+    ASSERT_EQ(Create(), 0);
+
+    const auto isWithoutLeaf = [](const char* path) { return LiveLeaf(path) == "(no node)"; };
+    EXPECT_EQ(LiveLeaf("/SMBIOS/Type132[2]/SPD_RAW"), "0x92 0x0B ");
+    EXPECT_TRUE(isWithoutLeaf("/SMBIOS/Type132[3]/Size"));
+    EXPECT_TRUE(isWithoutLeaf("/SMBIOS/Type132[3]/SPD_RAW"));
+}
+
+TEST(SpdDump, NeedsTheCatalogueOf27)
+{
+    const Bytes table = Table({SpdBlock(1, 0x5000, 2)});
+    TheMachine.PutTable(table, 2, 6);
+    ASSERT_EQ(Create(), 0);
+    EXPECT_EQ(TheMachine.Seen, Joined({Mapped(SegmentAddress, SegmentLength),
+                                       Mapped(TableAddress, static_cast<unsigned int>(table.size()))}));
+}
+
+struct ReservedRow {
+    const char* Name;
+    unsigned char Minor;
+    std::vector<Structure> Structures;
+    unsigned int Address;
+    unsigned int Size;
+};
+
+Structure Reserved(std::uint16_t handle, std::uint32_t address, std::uint32_t size)
+{
+    return Structure(133, handle).Dword(address).Dword(size);
+}
+
+class ReservedMemory : public testing::TestWithParam<ReservedRow> {};
+
+TEST_P(ReservedMemory, IsTheRangeOfTheTable)
+{
+    const ReservedRow& row = GetParam();
+    TheMachine.PutTable(Table(row.Structures), 2, row.Minor);
+    ASSERT_EQ(Create(), 0);
+
+    SMBIOSProtocolImpl& live = SMBIOSProtocolImpl::CreateInstance();
+    unsigned int address = 7;
+    unsigned int size = 7;
+    live.GetBiosReservedMem(nullptr, nullptr);
+    live.GetBiosReservedMem(&address, nullptr);
+    EXPECT_EQ(address, row.Address);
+    live.GetBiosReservedMem(nullptr, &size);
+    EXPECT_EQ(size, row.Size);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , ReservedMemory,
+    testing::Values(ReservedRow{"Given", 7, {Reserved(1, 0x100000, 0x10000)}, 0x100000, 0x10000},
+                    ReservedRow{"Highest", 7, {Reserved(1, 0xFFFFFFFF, 0xFFFFFFFE)}, 0xFFFFFFFF, 0xFFFFFFFE},
+                    ReservedRow{"TheLaterOfTwo", 7, {Reserved(1, 1, 2), Reserved(2, 3, 4)}, 3, 4},
+                    ReservedRow{"NotInThisTable", 7, {}, 0, 0},
+                    ReservedRow{"NotInThisVersion", 6, {Reserved(1, 1, 2)}, 0, 0}),
+    [](const auto& test) { return std::string(test.param.Name); });
+
+} // namespace

@@ -1,0 +1,92 @@
+// The files behind the lock on Linux, in folders where strangers can write.
+
+#include "Holder.h"
+#include "LockName.h"
+#include "SMBIOSProtocol/Logger.h"
+#include "services/CMySemLock.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+using Common::CMySemLock;
+
+namespace {
+
+constexpr const char* Folders[] = {"/run/lock", "/tmp"};
+constexpr uid_t Nobody = 65534;
+
+// Takes the lock and gives it back: the error, and what the log says.
+struct Attempt {
+    explicit Attempt(const std::string& name)
+    {
+        LOGGER::Logger::CreateInstance().SetSink(
+            [this](const LOGGER::LogLine& line) { Log.push_back(line.Message); });
+        _MY_LOCK lock;
+        Error = CMySemLock::AcquireSymLock(lock, name.c_str());
+        CMySemLock::ReleaseSymLock(lock);
+        LOGGER::Logger::CreateInstance().SetSink(nullptr);
+    }
+
+    int Error;
+    std::vector<std::string> Log;
+};
+
+TEST(LockFile, IsNoLinkThatAStrangerPlaced)
+{
+    const LockName name;
+    const LockName target;
+    const std::string victim = target.FileIn("/tmp");
+
+    ASSERT_EQ(symlink(victim.c_str(), name.FileIn(Folders[0]).c_str()), 0);
+    const Attempt beside(name.Text);
+    EXPECT_EQ(beside.Error, 0) << "the other folder serves";
+    EXPECT_TRUE(beside.Log.empty());
+
+    unlink(name.FileIn(Folders[1]).c_str());
+    ASSERT_EQ(symlink(victim.c_str(), name.FileIn(Folders[1]).c_str()), 0);
+    const Attempt without(name.Text);
+    EXPECT_EQ(without.Error, ELOOP);
+    EXPECT_EQ(without.Log, std::vector<std::string>{"Going on without the lock " + name.Text +
+                                                    ": Too many levels of symbolic links"});
+    EXPECT_NE(access(victim.c_str(), F_OK), 0) << "the link was followed";
+}
+
+TEST(LockFile, MayBeOutOfReach)
+{
+    const LockName name;
+    for (const char* folder : Folders)
+        close(open(name.FileIn(folder).c_str(), O_CREAT | O_EXCL, 0));
+    const uid_t user = geteuid();
+    ASSERT_EQ(seteuid(user == 0 ? Nobody : user), 0);
+    const Attempt attempt(name.Text);
+    ASSERT_EQ(seteuid(user), 0);
+    EXPECT_EQ(attempt.Error, EACCES);
+    EXPECT_EQ(attempt.Log,
+              std::vector<std::string>{"Going on without the lock " + name.Text + ": Permission denied"});
+}
+
+// A pipe of that name does not hold anyone up.
+TEST(LockFile, MayBeOfAnotherKind)
+{
+    const LockName name;
+    ASSERT_EQ(mkfifo(name.FileIn(Folders[0]).c_str(), 0666), 0);
+    EXPECT_EQ(Attempt(name.Text).Error, 0);
+}
+
+TEST(LockFile, IsOpenToEveryUserAndWritableByItsOwnerAlone)
+{
+    const LockName name;
+    const mode_t before = umask(022);
+    EXPECT_EQ(Attempt(name.Text).Error, 0);
+    umask(before);
+    struct stat status = {};
+    ASSERT_EQ(stat(name.FileIn(access(Folders[0], W_OK) == 0 ? Folders[0] : Folders[1]).c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode, S_IFREG | 0644U);
+}
+
+} // namespace
