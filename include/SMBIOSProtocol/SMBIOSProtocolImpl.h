@@ -137,9 +137,18 @@ private:
     void DumpMemorySPD();
     void InitBiosReservedMem();
 
-    OS::Driver::MappingOwner
-        EntryMapping; ///< the range searched for the entry point; later the last SPD block
+// Clang holds a deprecated class against every use of its alias, too.
+#if defined(__clang__)
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wdeprecated-declarations"
+#endif
+    /// The range searched for the entry point; later the last SPD block.
+    OS::Driver::MappingOwner EntryMapping;
     OS::Driver::MappingOwner TableMapping; ///< the table, where it comes from physical memory
+#if defined(__clang__)
+#pragma clang diagnostic pop
+#endif
+
     std::string RootPath;
     unsigned char* TableBase = nullptr; ///< first byte of the table; read during construction only
     unsigned short TableLength = 0;

@@ -21,7 +21,7 @@ public:
     void* Pointer;
 
 private:
-    std::uint64_t Reserved; ///< part of the driver's layout, without a use here
+    [[maybe_unused]] std::uint64_t Reserved; ///< part of the driver's layout, without a use here
 };
 
 // The driver's `Map` takes std::auto_ptr, which the standard has dropped: this is the one place that names
