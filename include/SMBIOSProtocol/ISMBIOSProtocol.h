@@ -10,6 +10,7 @@
 
 namespace Protocol::SMBIOS {
 
+/// Whatever answers with a machine's tree. SMBIOSProtocolImpl is the one there is.
 class SMBIOSPROTOCOL_API ISMBIOSProtocol {
 public:
     virtual ~ISMBIOSProtocol();
@@ -21,8 +22,8 @@ public:
 
 protected:
     ISMBIOSProtocol() = default;
-    ISMBIOSProtocol(const ISMBIOSProtocol&) = default;
-    ISMBIOSProtocol& operator=(const ISMBIOSProtocol&) = default;
+    ISMBIOSProtocol(const ISMBIOSProtocol&) = default;            ///< for derived classes
+    ISMBIOSProtocol& operator=(const ISMBIOSProtocol&) = default; ///< for derived classes
 };
 
 } // namespace Protocol::SMBIOS

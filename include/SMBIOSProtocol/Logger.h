@@ -14,18 +14,20 @@ namespace LOGGER {
 
 /// One line of the log, valid during the call of the sink.
 struct LogLine {
-    int Level;
-    const std::string& File;
-    const char* Function;
-    int Line;
-    const std::string& Message;
+    int Level;                  ///< 2 for every line of the library
+    const std::string& File;    ///< name of the part that logs
+    const char* Function;       ///< its function, with namespaces and class
+    int Line;                   ///< the line in that function's source
+    const std::string& Message; ///< the text, without a line break at its end
 };
 
 /// The process-wide logger. All operations may be called from any thread.
 class SMBIOSPROTOCOL_API Logger {
 public:
+    /// Takes one line.
     using Sink = std::function<void(const LogLine&)>;
 
+    /// The logger; always the same one.
     static Logger& CreateInstance();
 
     /// Sets where lines go from now on; an empty function sends them nowhere, as at the start. The sink is

@@ -29,9 +29,11 @@ enum ResultCode : unsigned short {
 /// Thrown by value. Copying it never fails.
 class SMBIOSPROTOCOL_API ResultStatus : public std::exception {
 public:
+    /// `code` is a ResultCode, `message` plain sentences for a person; both are kept as they are, as are
+    /// `source` and `command`.
     ResultStatus(unsigned short code, std::string message, std::string source, _XCOMMAND command);
-    ResultStatus(const ResultStatus&) noexcept;
-    ResultStatus& operator=(const ResultStatus&) noexcept;
+    ResultStatus(const ResultStatus&) noexcept;            ///< shares the texts with its source
+    ResultStatus& operator=(const ResultStatus&) noexcept; ///< shares the texts with its source
     ~ResultStatus() override;
 
     unsigned short Code() const noexcept;        ///< a ResultCode

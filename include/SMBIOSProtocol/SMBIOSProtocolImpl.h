@@ -29,6 +29,7 @@ namespace Protocol::SMBIOS {
 class NodeStore;
 struct TreeNode;
 
+/// A machine's decoded SMBIOS data: that of the running machine, or of a table image.
 class SMBIOSPROTOCOL_API SMBIOSProtocolImpl : public ISMBIOSProtocol {
 public:
     /// The object of the running machine, rooted at "/SMBIOS". The first call reads the firmware's tables and
@@ -46,6 +47,7 @@ public:
     /// The copy answers like its source. Mappings move to the copy; the nodes are shared, and the last object
     /// that holds them releases them.
     SMBIOSProtocolImpl(SMBIOSProtocolImpl& source);
+    /// As copying does; what this object held goes. An assignment that throws changes neither object.
     SMBIOSProtocolImpl& operator=(SMBIOSProtocolImpl& source);
 
     ~SMBIOSProtocolImpl() override;

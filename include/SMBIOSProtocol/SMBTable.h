@@ -22,22 +22,25 @@ enum class FieldInterpretation {
 
 /// One field of the formatted area. It begins where the field before it ends, the first behind the header.
 struct SMBField {
-    std::string_view Name;
-    int Width; ///< bytes; 17: one byte that holds a string number
-    FieldInterpretation Interpretation;
+    std::string_view Name;              ///< as it stands in paths
+    int Width;                          ///< bytes; 17: one byte that holds a string number
+    FieldInterpretation Interpretation; ///< how its bytes become text
 };
 
 /// The texts of one field: an ordered map from key to text. Row 0 is the header, which says how the rest is
 /// read.
 class ValueTable {
 public:
+    /// A text behind the header.
     struct Row {
-        int Key;
-        std::string_view Text;
+        int Key;               ///< from 1 on; what it counts, the header says
+        std::string_view Text; ///< as it stands in the tree
     };
 
+    /// A table without rows behind `header`.
     explicit ValueTable(std::string header) : HeaderText(std::move(header)) {}
 
+    /// Row 0: "ENUM", "ENUM_MASK", a text of 0 and 1 with a 1 for each reported bit, or a decoder's word.
     const std::string& Header() const { return HeaderText; }
 
     /// The text at `key`, empty where no row has it.
@@ -46,6 +49,7 @@ public:
     /// The rows behind the header, by rising key.
     const std::vector<Row>& Rows() const { return RowsByKey; }
 
+    /// Makes room for `rowCount` rows in all.
     void Reserve(std::size_t rowCount) { RowsByKey.reserve(rowCount); }
 
     /// Adds a row whose key is above all others.
@@ -60,7 +64,7 @@ using ValueTableMap = std::unordered_map<std::string_view, ValueTable>;
 
 /// One structure type: how its structures are read, and those that the table holds.
 struct SMBTable {
-    std::vector<SMBField> Fields;
+    std::vector<SMBField> Fields;           ///< of the formatted area, in its order
     bool Indexed = false;                   ///< each structure has a node of its own, with an index from 1
     std::vector<SMBiosStructure> Instances; ///< in table order
     ValueTableMap ValueTables;              ///< by field name

@@ -12,8 +12,10 @@ namespace Protocol::SMBIOS {
 /// child listed is one. No table of a real machine comes near; a table made to exhaust memory does.
 class SMBIOSPROTOCOL_API TreeTooLarge : public std::bad_alloc {
 public:
+    /// The writes that a tree may take.
     static constexpr unsigned int MaxWrites = 1'048'576;
 
+    /// What was wrong with the table.
     const char* what() const noexcept override;
 };
 

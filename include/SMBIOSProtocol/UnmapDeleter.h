@@ -10,15 +10,18 @@ namespace OS::Driver {
 /// Owns `Length` bytes from `Pointer`, an array that was made with new[].
 class UnmapDeleter {
 public:
+    /// Owns nothing.
     UnmapDeleter() : Length(0), Pointer(nullptr), Reserved(0) {}
+    /// Takes `length` bytes from `pointer`.
     UnmapDeleter(void* pointer, unsigned int length) : Length(length), Pointer(pointer), Reserved(0) {}
     ~UnmapDeleter() { delete[] static_cast<unsigned char*>(Pointer); }
 
     UnmapDeleter(const UnmapDeleter&) = delete;
+    /// Takes over the members as they are; one of the two objects must give up `Pointer` then.
     UnmapDeleter& operator=(const UnmapDeleter&) = default;
 
-    unsigned int Length;
-    void* Pointer;
+    unsigned int Length; ///< bytes
+    void* Pointer;       ///< the first of them; null: none
 
 private:
     [[maybe_unused]] std::uint64_t Reserved; ///< part of the driver's layout, without a use here

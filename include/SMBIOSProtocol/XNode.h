@@ -13,7 +13,7 @@ enum _NODE_TYPE {
 
 /// A copy of one node of the tree, owned by whoever holds it and without a link back to the tree.
 struct _XNode {
-    _NODE_TYPE NodeType = NODE_LEAF;
+    _NODE_TYPE NodeType = NODE_LEAF; ///< says how Items reads
     /// Leaf: its value as text in the first entry, which may be empty.
     /// Inner node: the full paths of its children, in the order in which they were added.
     std::vector<std::string> Items;
