@@ -1,7 +1,6 @@
 #include "Arguments.h"
 
 #include "Console.h"
-#include "Failure.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,6 +13,7 @@ namespace SmbiosTree {
 
 namespace {
 
+constexpr int Failed = 1;
 constexpr int WrongUsage = 2;
 
 const std::map<std::string, Version> Versions{{"2.3", {2, 3}}, {"2.4", {2, 4}}, {"2.5", {2, 5}},
@@ -61,7 +61,9 @@ constexpr const char* Footer = "An INPUT is a table image (the table, with a 32-
                                "the table at offset 32), a folder with the files smbios_entry_point and DMI, "
                                "or \"-\" for standard input.\n"
                                "Without an INPUT, the tree is the running machine's.\n\n"
-                               "Exit status: 0, or 1 where an input failed, 2 for wrong usage.";
+                               "Exit status: 0, or 1 where an input failed, 2 for wrong usage. With --diff: "
+                               "0 where the trees are the same,\n"
+                               "1 where they differ, 2 for trouble.";
 
 } // namespace
 
@@ -77,6 +79,7 @@ std::optional<Arguments> ParseArguments(std::vector<std::string> words, int& sta
     app.set_version_flag("--version", "smbios-tree " SMBIOS_TREE_VERSION, "Print the version and exit");
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.footer(Footer);
+    app.allow_windows_style_options(false); // a node's path begins with a slash
     app.add_option("INPUT", arguments.Inputs, "Where to read the table from");
     app.add_option("--path", arguments.Path, "Show the subtree at this path alone, such as /SMBIOS/Type17[1]")
         ->type_name("PATH");
@@ -85,6 +88,10 @@ std::optional<Arguments> ParseArguments(std::vector<std::string> words, int& sta
         ->type_name("VERSION")
         ->check(OneOf(Versions));
     app.add_flag("--flat", outputs[Output::Flat], "Print a line \"path = value\" for each value");
+    app.add_flag("--json", outputs[Output::Json], "Print a JSON document");
+    app.add_flag("--jsonl", outputs[Output::JsonLines], "Print a JSON document of one line for each input");
+    app.add_flag("--html", outputs[Output::Html], "Print a page for the browser");
+    app.add_flag("--diff", outputs[Output::Diff], "Print what changed from the first input to the second");
     app.add_option("--color", colours, "Colour the output: auto, always or never")
         ->type_name("WHEN")
         ->check(OneOf(ColourWords));
@@ -95,8 +102,10 @@ std::optional<Arguments> ParseArguments(std::vector<std::string> words, int& sta
         app.parse(words);
     } catch (const CLI::Success& success) {
         status = app.exit(success, std::cout, std::cerr);
-        if (!std::cout.flush())
-            throw OutputFailure("it cannot be written");
+        if (!std::cout.flush()) {
+            std::cerr << "smbios-tree: standard output: it cannot be written; the output is not complete\n";
+            status = Failed;
+        }
         return std::nullopt;
     } catch (const CLI::ParseError& error) {
         std::cerr << "smbios-tree: " << error.what() << "; see smbios-tree --help\n";
@@ -104,14 +113,19 @@ std::optional<Arguments> ParseArguments(std::vector<std::string> words, int& sta
         return std::nullopt;
     }
 
+    std::size_t wantedOutputs = 0;
     for (const auto& [output, isWanted] : outputs) {
-        if (isWanted)
+        if (isWanted) {
             arguments.Output = output;
+            ++wantedOutputs;
+        }
     }
     if (!readAs.empty())
         arguments.ReadAs = Versions.at(readAs);
     arguments.Style.HasColours = UseColours(ColourWords.at(colours));
-    const std::string contradiction = Contradiction(arguments);
+    const std::string contradiction =
+        wantedOutputs > 1 ? "only one of --flat, --json, --jsonl, --html and --diff is possible"
+                          : Contradiction(arguments);
     if (!contradiction.empty()) {
         std::cerr << "smbios-tree: " << contradiction << "; see smbios-tree --help\n";
         status = WrongUsage;

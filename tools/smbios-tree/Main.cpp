@@ -21,12 +21,13 @@ namespace {
 constexpr int Done = 0;
 constexpr int Failed = 1;
 
-std::optional<std::string> FirstInput(const Arguments& arguments)
-{
-    return arguments.Inputs.empty() ? std::nullopt : std::make_optional(arguments.Inputs.front());
-}
+// As diff has them.
+constexpr int Different = 1;
+constexpr int DiffTrouble = 2;
 
-std::string NameOf(const std::optional<std::string>& input)
+using Input = std::optional<std::string>; ///< nothing: the running machine
+
+std::string NameOf(const Input& input)
 {
     if (!input)
         return "this machine";
@@ -44,7 +45,8 @@ void Print(const std::string& text)
     errno = 0;
     const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
     if (!isWritten || std::fflush(stdout) != 0)
-        throw OutputFailure(errno != 0 ? std::strerror(errno) : "it cannot be written");
+        throw OutputFailure((errno != 0 ? std::strerror(errno) : std::string("it cannot be written")) +
+                            "; the output is not complete");
 }
 
 void ShowLog()
@@ -56,21 +58,26 @@ void ShowLog()
     });
 }
 
-std::string Report(const Node& tree, const Arguments& arguments)
+std::string Report(Protocol::SMBIOS::ISMBIOSProtocol& protocol, const std::string& name,
+                   const Arguments& arguments)
 {
+    const Node tree = Subtree(protocol, arguments.Path);
     switch (arguments.Output) {
     case Output::Flat:
         return Flat(tree, arguments.Style);
+    case Output::Json:
+        return Json(tree);
+    case Output::Html:
+        return Html(Subtree(protocol, RootPath), tree, name);
     default:
         return Indented(tree, arguments.Style);
     }
 }
 
-int ReportOne(const Arguments& arguments)
+int ReportOne(const Input& input, const Arguments& arguments)
 {
-    const std::optional<std::string> input = FirstInput(arguments);
     try {
-        Print(Report(Subtree(*Open(input, arguments.ReadAs), arguments.Path), arguments));
+        Print(Report(*Open(input, arguments.ReadAs), NameOf(input), arguments));
         return Done;
     } catch (const Failure& failure) {
         Complain(NameOf(input), failure.what());
@@ -78,15 +85,73 @@ int ReportOne(const Arguments& arguments)
     }
 }
 
-int Run(int argc, char** argv)
+std::string Line(const Input& input, const Arguments& arguments, int& status)
+{
+    try {
+        return JsonLine(input, Subtree(*Open(input, arguments.ReadAs), arguments.Path));
+    } catch (const Failure& failure) {
+        status = Failed;
+        return JsonLine(input, failure);
+    }
+}
+
+// A failing input fails alone: its line says why, and the next one has its turn.
+int ReportLines(const std::vector<Input>& inputs, const Arguments& arguments)
 {
     int status = Done;
-    const std::optional<Arguments> arguments = ParseArguments(Console::Arguments(argc, argv), status);
-    if (!arguments)
-        return status;
-    if (arguments->ShowLog)
-        ShowLog();
-    return ReportOne(*arguments);
+    for (const Input& input : inputs)
+        Print(Line(input, arguments, status));
+    return status;
+}
+
+// The two sides' subtrees. What one side alone has at the path is a difference, not a failure.
+int ReportDifferences(const Input& before, const Input& after, const Arguments& arguments)
+{
+    std::optional<Node> sides[2];
+    for (const Input* input : {&before, &after}) {
+        try {
+            const auto protocol = Open(*input, arguments.ReadAs);
+            if (input == &before)
+                sides[0] = FindSubtree(*protocol, arguments.Path);
+            else
+                sides[1] =
+                    sides[0] ? FindSubtree(*protocol, arguments.Path) : Subtree(*protocol, arguments.Path);
+        } catch (const Failure& failure) {
+            Complain(NameOf(*input), failure.what());
+            return DiffTrouble;
+        }
+    }
+    const std::string lines = Differences(sides[0], sides[1], arguments.Style);
+    Print(lines);
+    return lines.empty() ? Done : Different;
+}
+
+int Run(const Arguments& arguments)
+{
+    std::vector<Input> inputs(arguments.Inputs.begin(), arguments.Inputs.end());
+    if (inputs.empty())
+        inputs.emplace_back();
+    switch (arguments.Output) {
+    case Output::JsonLines:
+        return ReportLines(inputs, arguments);
+    case Output::Diff:
+        return ReportDifferences(inputs[0], inputs[1], arguments);
+    default:
+        return ReportOne(inputs.front(), arguments);
+    }
+}
+
+// What no input is to blame for.
+int RunGuarded(const Arguments& arguments)
+{
+    try {
+        return Run(arguments);
+    } catch (const OutputFailure& failure) {
+        Complain("standard output", failure.what());
+    } catch (const std::bad_alloc&) {
+        Complain("standard output", "there is not enough memory for the report; free some and try again");
+    }
+    return arguments.Output == Output::Diff ? DiffTrouble : Failed;
 }
 
 } // namespace
@@ -97,12 +162,11 @@ int main(int argc, char** argv)
 {
     using namespace SmbiosTree;
     Console::PrepareStreams();
-    try {
-        return Run(argc, argv);
-    } catch (const OutputFailure& failure) {
-        Complain("standard output", std::string(failure.what()) + "; the output is not complete");
-    } catch (const std::bad_alloc&) {
-        Complain("standard output", "there is not enough memory for the report; free some and try again");
-    }
-    return Failed;
+    int status = Done;
+    const std::optional<Arguments> arguments = ParseArguments(Console::Arguments(argc, argv), status);
+    if (!arguments)
+        return status;
+    if (arguments->ShowLog)
+        ShowLog();
+    return RunGuarded(*arguments);
 }

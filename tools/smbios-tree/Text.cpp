@@ -67,9 +67,16 @@ Character FirstCharacter(std::string_view text)
     return {code, form->Length};
 }
 
-void AppendEscape(std::string& out, char byte)
+void AppendHexadecimal(std::string& out, char byte)
 {
     static constexpr char Digits[] = "0123456789ABCDEF";
+    const auto value = static_cast<unsigned char>(byte);
+    out += Digits[value >> 4];
+    out += Digits[value & 0xF];
+}
+
+void AppendEscape(std::string& out, char byte)
+{
     switch (byte) {
     case '\n':
         out += "\\n";
@@ -81,8 +88,8 @@ void AppendEscape(std::string& out, char byte)
         out += "\\r";
         return;
     default:
-        const auto value = static_cast<unsigned char>(byte);
-        out.append({'\\', 'x', Digits[value >> 4], Digits[value & 0xF]});
+        out += "\\x";
+        AppendHexadecimal(out, byte);
     }
 }
 
@@ -110,6 +117,14 @@ std::string Visible(std::string_view text)
         }
         text.remove_prefix(length);
     }
+    return out;
+}
+
+std::string Hexadecimal(std::string_view bytes)
+{
+    std::string out;
+    for (const char byte : bytes)
+        AppendHexadecimal(out, byte);
     return out;
 }
 

@@ -17,4 +17,7 @@ std::size_t CharacterLength(std::string_view text);
 /// or of no character at all as "\xNN".
 std::string Visible(std::string_view text);
 
+/// Two capital digits for each byte.
+std::string Hexadecimal(std::string_view bytes);
+
 } // namespace SmbiosTree

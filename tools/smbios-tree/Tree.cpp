@@ -132,20 +132,27 @@ std::shared_ptr<ISMBIOSProtocol> Open(const std::optional<std::string>& input, s
     }
 }
 
-Node Subtree(ISMBIOSProtocol& protocol, const std::string& path)
+std::optional<Node> FindSubtree(ISMBIOSProtocol& protocol, const std::string& path)
 {
     Nodes nodes;
     protocol.SMBiosSearch(path, nodes);
     if (nodes.empty())
-        throw Failure(Kind::UnknownPath, "nothing is at the path " + Visible(path) +
-                                             "; see what is there with "
-                                             "--path " +
-                                             NearestPath(protocol, path));
+        return std::nullopt;
     Node top;
     top.Path = path;
     top.Name = LastPart(path);
     Fill(top, nodes);
     return top;
+}
+
+Node Subtree(ISMBIOSProtocol& protocol, const std::string& path)
+{
+    std::optional<Node> top = FindSubtree(protocol, path);
+    if (!top)
+        throw Failure(Kind::UnknownPath, "nothing is at the path " + Visible(path) +
+                                             "; see what is there with --path " +
+                                             NearestPath(protocol, path));
+    return *std::move(top);
 }
 
 } // namespace SmbiosTree

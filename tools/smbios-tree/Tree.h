@@ -31,7 +31,10 @@ struct Node {
 std::shared_ptr<Protocol::SMBIOS::ISMBIOSProtocol> Open(const std::optional<std::string>& input,
                                                         std::optional<Version> readAs);
 
-/// The node at `path` with all below it. Throws Failure where there is none.
+/// The node at `path` with all below it; nothing where there is none.
+std::optional<Node> FindSubtree(Protocol::SMBIOS::ISMBIOSProtocol& protocol, const std::string& path);
+
+/// The same, but throws Failure where there is none.
 Node Subtree(Protocol::SMBIOS::ISMBIOSProtocol& protocol, const std::string& path);
 
 } // namespace SmbiosTree
