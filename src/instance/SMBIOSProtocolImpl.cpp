@@ -19,6 +19,7 @@ SMBIOSProtocolImpl::SMBIOSProtocolImpl() : RootPath("/SMBIOS"), Store(std::make_
     BuildTree();
     DumpMemorySPD();
     InitBiosReservedMem();
+    Store->OrderChildren();
 }
 
 SMBIOSProtocolImpl::SMBIOSProtocolImpl(unsigned char* image, unsigned short size, std::string rootPath)
@@ -26,6 +27,7 @@ SMBIOSProtocolImpl::SMBIOSProtocolImpl(unsigned char* image, unsigned short size
 {
     GetSMBiosEntryPtr(image, size);
     BuildTree();
+    Store->OrderChildren();
 }
 
 void SMBIOSProtocolImpl::BuildTree()
@@ -56,6 +58,7 @@ void SMBIOSProtocolImpl::InitSMBiosTable()
     BuildTree();
     DumpMemorySPD();
     InitBiosReservedMem();
+    Store->OrderChildren();
 }
 
 // The mappings move last: a copy that fails for lack of memory leaves its source as it was.

@@ -12,6 +12,15 @@ namespace {
 
 constexpr std::size_t LargestBlock = 256 * 1024;
 
+// The first eight characters as a number that orders like them.
+std::uint64_t StartOf(std::string_view text)
+{
+    std::uint64_t start = 0;
+    for (std::size_t i = 0; i < sizeof start; ++i)
+        start = start << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
+    return start;
+}
+
 } // namespace
 
 const char* TreeTooLarge::what() const noexcept
@@ -49,6 +58,30 @@ void NodeStore::Forget(std::string_view text)
 {
     TextEnd -= text.size();
     TextLeft += text.size();
+}
+
+// Most children differ in the eight characters behind their parent's path, which compare as one number.
+void NodeStore::OrderChildren()
+{
+    struct Child {
+        std::uint64_t Start;
+        TreeNode* Node;
+
+        bool operator<(const Child& other) const
+        {
+            return Start != other.Start ? Start < other.Start : Node->Path < other.Node->Path;
+        }
+    };
+    std::vector<Child> children;
+    for (TreeNode& node : Nodes) {
+        children.clear();
+        for (TreeNode* child : node.Children)
+            children.push_back({StartOf(child->Path.substr(node.Path.size())), child});
+        std::sort(children.begin(), children.end());
+        node.FirstByPath = static_cast<std::uint32_t>(ByPath.size());
+        for (const Child& child : children)
+            ByPath.push_back(child.Node);
+    }
 }
 
 void NodeStore::CountWrite()

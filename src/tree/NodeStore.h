@@ -9,6 +9,7 @@
 #include "SMBIOSProtocol/XNode.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <string_view>
@@ -21,7 +22,8 @@ struct TreeNode {
     std::string_view Path;
     std::string_view Value;          ///< of a leaf
     std::vector<TreeNode*> Children; ///< in order of insertion, a repeated one as often as it was listed
-    _NODE_TYPE NodeType = NODE_INNER;
+    std::uint32_t FirstByPath = 0;   ///< where the store has the children in order of their paths
+    bool IsLeaf = false;
     bool ListsRepeats = false; ///< whether Children may hold a node twice
 
     /// Calls `visit` with each child once, in order of first insertion.
@@ -52,6 +54,12 @@ public:
     /// Takes back the newest Keep, whose result was `text`.
     void Forget(std::string_view text);
 
+    /// Puts the children of each node in order of their paths too, once the tree is complete.
+    void OrderChildren();
+
+    /// The children of `node` by rising path, as many as Children, a repeated one next to itself.
+    TreeNode* const* ChildrenByPath(const TreeNode& node) const { return &ByPath[node.FirstByPath]; }
+
     /// Counts one write to the tree. Throws TreeTooLarge at the first beyond the limit.
     void CountWrite();
 
@@ -62,6 +70,7 @@ private:
     void AddBlock(std::size_t size);
 
     std::deque<TreeNode> Nodes;
+    std::vector<TreeNode*> ByPath;
     std::vector<std::unique_ptr<char[]>> TextBlocks;
     std::size_t BlockSize = 4096; ///< of the next block; grows with the text
     char* TextEnd = nullptr;      ///< where the next text goes

@@ -73,7 +73,7 @@ TreeNode& SMBIOSProtocolImpl::StoreInner(std::string_view path)
 void SMBIOSProtocolImpl::Overwrite(TreeNode& node, _NODE_TYPE type, std::string_view value)
 {
     Store->CountWrite();
-    node.NodeType = type;
+    node.IsLeaf = type == NODE_LEAF;
     node.Value = Store->Keep(value);
     node.Children.clear();
     node.ListsRepeats = false;
@@ -109,8 +109,8 @@ void SMBIOSProtocolImpl::FillInfo(std::string_view path, std::string_view source
 
 void SMBIOSProtocolImpl::CopySubtree(const TreeNode& source, TreeNode& copy)
 {
-    Overwrite(copy, source.NodeType, source.Value);
-    if (source.NodeType != NODE_INNER)
+    Overwrite(copy, source.IsLeaf ? NODE_LEAF : NODE_INNER, source.Value);
+    if (source.IsLeaf)
         return;
     const auto nameOf = [&](const TreeNode& child) { return child.Path.substr(source.Path.size()); };
     copy.Children.reserve(source.Children.size());

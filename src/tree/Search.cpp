@@ -3,9 +3,10 @@
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "tree/NodeStore.h"
 
-#include <algorithm>
 #include <iterator>
+#include <tuple>
 #include <typeinfo>
+#include <utility>
 
 namespace Protocol::SMBIOS {
 
@@ -15,10 +16,10 @@ using Results = std::map<std::string, _XNode>;
 
 void CopyNode(const TreeNode& node, _XNode& copy)
 {
-    copy.NodeType = node.NodeType;
+    copy.NodeType = node.IsLeaf ? NODE_LEAF : NODE_INNER;
     copy.Items.clear();
-    copy.Items.reserve(node.Children.size() + (node.NodeType == NODE_LEAF ? 1 : 0));
-    if (node.NodeType == NODE_LEAF)
+    copy.Items.reserve(node.Children.size() + (node.IsLeaf ? 1 : 0));
+    if (node.IsLeaf)
         copy.Items.emplace_back(node.Value);
     for (const TreeNode* child : node.Children)
         copy.Items.emplace_back(child->Path);
@@ -26,34 +27,35 @@ void CopyNode(const TreeNode& node, _XNode& copy)
     copy.Flag = 0;
 }
 
-// Copies a subtree in the order of the map, nearly: each entry goes in right behind the one before it, which
+// Copies a subtree in the order of the map, nearly: each entry goes in ahead of the same later one, which
 // saves the map its search for the place. Where a path of another branch sorts in between, the map searches.
 class SubtreeCopy {
 public:
-    explicit SubtreeCopy(Results& results) : Target(results), Behind(results.end()) {}
-
-    void Copy(const TreeNode& node)
+    SubtreeCopy(const NodeStore& store, const TreeNode& top, Results& results)
+        : Store(store), Target(results), Later(results.lower_bound(std::string(top.Path)))
     {
-        const auto entry = Target.try_emplace(Behind, std::string(node.Path));
-        CopyNode(node, entry->second);
-        Behind = std::next(entry);
-        if (node.NodeType != NODE_INNER)
-            return;
-
-        const std::size_t first = Pending.size();
-        Pending.insert(Pending.end(), node.Children.begin(), node.Children.end());
-        const auto begin = Pending.begin() + static_cast<std::ptrdiff_t>(first);
-        std::sort(begin, Pending.end(), [](auto* left, auto* right) { return left->Path < right->Path; });
-        Pending.erase(std::unique(begin, Pending.end()), Pending.end());
-        for (std::size_t i = first; i < Pending.size(); ++i)
-            Copy(*Pending[i]);
-        Pending.resize(first);
+        Copy(top);
     }
 
 private:
+    void Copy(const TreeNode& node)
+    {
+        // emplace_hint looks at the hint once; try_emplace would do so twice.
+        const auto entry = Target.emplace_hint(Later, std::piecewise_construct,
+                                               std::forward_as_tuple(node.Path), std::forward_as_tuple());
+        CopyNode(node, entry->second);
+        if (node.IsLeaf)
+            return;
+        TreeNode* const* const children = Store.ChildrenByPath(node);
+        for (std::size_t i = 0; i < node.Children.size(); ++i) {
+            if (i == 0 || children[i] != children[i - 1])
+                Copy(*children[i]);
+        }
+    }
+
+    const NodeStore& Store;
     Results& Target;
-    Results::iterator Behind;
-    std::vector<const TreeNode*> Pending; ///< children still to copy, of all nodes from the top down
+    Results::iterator Later;
 };
 
 } // namespace
@@ -69,10 +71,10 @@ void SMBIOSProtocolImpl::SMBiosSearch(std::string path, std::map<std::string, _X
     // A derived class may see each descent. Without one, nobody can tell, and the walk need not look up
     // paths.
     if (typeid(*this) == typeid(SMBIOSProtocolImpl)) {
-        SubtreeCopy(results).Copy(*node);
+        SubtreeCopy(*Store, *node, results);
         return;
     }
-    if (node->NodeType == NODE_INNER)
+    if (!node->IsLeaf)
         node->ForEachDistinctChild(
             [&](const TreeNode& child) { SMBiosSearch(std::string(child.Path), results); });
     CopyNode(*node, results[path]);
