@@ -11,10 +11,16 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <memory>
+#include <spawn.h>
 #include <string>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <unordered_map>
 #include <vector>
 
@@ -28,6 +34,7 @@ constexpr const char* Root = "/SMBIOS";
 
 struct Subject {
     std::string Name;
+    std::string Path;
     Bytes Image;
 
     std::unique_ptr<SMBIOSProtocolImpl> Object() const
@@ -97,6 +104,24 @@ void CopyResult(benchmark::State& state, const Subject& subject, const std::stri
     }
 }
 
+// The tool from its start to its end, with what it prints thrown away.
+void RunTool(benchmark::State& state, const std::string& tool, const std::string& imagePath)
+{
+    std::string arguments[] = {tool, imagePath};
+    char* const argv[] = {arguments[0].data(), arguments[1].data(), nullptr};
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    for (auto _ : state) {
+        pid_t child = 0;
+        int status = 0;
+        if (posix_spawn(&child, tool.c_str(), &actions, nullptr, argv, environ) != 0 ||
+            waitpid(child, &status, 0) != child || status != 0)
+            state.SkipWithError("the tool failed");
+    }
+    posix_spawn_file_actions_destroy(&actions);
+}
+
 // `count` memory devices, spread over a tenth as many arrays; a processor with a linked cache for each four.
 Bytes Growing(int count)
 {
@@ -126,7 +151,7 @@ Subject Read(const std::string& path)
         std::fprintf(stderr, "bench: %s is no table image of 1 to 65,535 bytes\n", path.c_str());
         std::exit(1);
     }
-    return {path.substr(path.find_last_of('/') + 1), bytes};
+    return {path.substr(path.find_last_of('/') + 1), path, bytes};
 }
 
 // Collects the median time of each benchmark by name.
@@ -180,6 +205,17 @@ void PrintRow(const Subject& subject, const Medians& medians)
                 static_cast<double>(use.Peak) / static_cast<double>(use.Held));
 }
 
+void PrintStart(const std::vector<Subject>& subjects, const Medians& medians)
+{
+    std::printf("\n| smbios-tree on           | ms a run | library's share |\n"
+                "|--------------------------|---------:|----------------:|\n");
+    for (const Subject& subject : subjects) {
+        const auto time = [&](const char* what) { return medians[subject.Name + "/" + what]; };
+        std::printf("| %-24s | %8.2f | %14.0f%% |\n", subject.Name.c_str(), time("tool") / 1e6,
+                    100 * (time("construct") + time("tree")) / time("tool"));
+    }
+}
+
 void PrintGrowth(const std::vector<Subject>& growing, const Medians& medians)
 {
     std::printf("\n| structures |  nodes | construct ns a node | search ns a node |\n"
@@ -193,19 +229,26 @@ void PrintGrowth(const std::vector<Subject>& growing, const Medians& medians)
 
 } // namespace
 
-// Usage: bench [BENCHMARK OPTIONS] IMAGE...
+// Usage: bench [BENCHMARK OPTIONS] TOOL IMAGE...
 int main(int argc, char** argv)
 {
     benchmark::Initialize(&argc, argv);
     std::vector<Subject> subjects;
-    for (int i = 1; i < argc; ++i)
+    if (argc < 3) {
+        std::fputs("usage: bench [BENCHMARK OPTIONS] TOOL IMAGE...\n", stderr);
+        return 2;
+    }
+    const std::string tool = argv[1];
+    for (int i = 2; i < argc; ++i)
         subjects.push_back(Read(argv[i]));
     std::vector<Subject> growing;
     for (const int count : {10, 100, 1000})
-        growing.push_back({std::to_string(count + std::max(1, count / 10)), Growing(count)});
+        growing.push_back({std::to_string(count + std::max(1, count / 10)), "", Growing(count)});
 
-    for (const Subject& subject : subjects)
+    for (const Subject& subject : subjects) {
         Register(subject);
+        benchmark::RegisterBenchmark((subject.Name + "/tool").c_str(), RunTool, tool, subject.Path);
+    }
     for (const Subject& subject : growing)
         Register(subject);
     Medians medians;
@@ -218,5 +261,6 @@ int main(int argc, char** argv)
         "\n");
     for (const Subject& subject : subjects)
         PrintRow(subject, medians);
+    PrintStart(subjects, medians);
     PrintGrowth(growing, medians);
 }
