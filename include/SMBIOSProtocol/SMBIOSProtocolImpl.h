@@ -65,6 +65,7 @@ private:
     // instance
     SMBIOSProtocolImpl();
     void InitSMBiosTable(); ///< reads the machine anew into this object
+    void ReadMachine();     ///< all phases, on the running machine
     void BuildTree();       ///< the phases from the catalogue to the inventories
     void SwapWith(SMBIOSProtocolImpl& other) noexcept;
 
@@ -158,7 +159,7 @@ private:
     unsigned int ReservedMemAddress = 0;
     unsigned int ReservedMemSize = 0;
     std::unordered_map<unsigned short, SMBiosStructure> StructuresByHandle; ///< of equal handles the last
-    std::unordered_map<std::string_view, TreeNode*> ResultNodes;            ///< the tree, by full path
+    std::unordered_map<std::string_view, TreeNode*> ResultNodes; ///< the tree, by full path, in Store
     std::vector<SubTypeLink> SubTypeLinks;
     std::map<int, std::vector<std::string>> ValidSubTypes; ///< by type the fields that hold a handle
     unsigned char* RawTableBuffer = nullptr;               ///< the firmware's block, where the table is in it

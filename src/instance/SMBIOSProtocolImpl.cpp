@@ -15,11 +15,7 @@ SMBIOSProtocolImpl& SMBIOSProtocolImpl::CreateInstance()
 
 SMBIOSProtocolImpl::SMBIOSProtocolImpl() : RootPath("/SMBIOS"), Store(std::make_shared<NodeStore>())
 {
-    GetSMBiosEntryPtr();
-    BuildTree();
-    DumpMemorySPD();
-    InitBiosReservedMem();
-    Store->OrderChildren();
+    ReadMachine();
 }
 
 SMBIOSProtocolImpl::SMBIOSProtocolImpl(unsigned char* image, unsigned short size, std::string rootPath)
@@ -27,6 +23,15 @@ SMBIOSProtocolImpl::SMBIOSProtocolImpl(unsigned char* image, unsigned short size
 {
     GetSMBiosEntryPtr(image, size);
     BuildTree();
+    Store->OrderChildren();
+}
+
+void SMBIOSProtocolImpl::ReadMachine()
+{
+    GetSMBiosEntryPtr();
+    BuildTree();
+    DumpMemorySPD();
+    InitBiosReservedMem();
     Store->OrderChildren();
 }
 
@@ -54,11 +59,7 @@ void SMBIOSProtocolImpl::InitSMBiosTable()
     TypeTables.clear();
     Store = std::make_shared<NodeStore>();
 
-    GetSMBiosEntryPtr();
-    BuildTree();
-    DumpMemorySPD();
-    InitBiosReservedMem();
-    Store->OrderChildren();
+    ReadMachine();
 }
 
 // The mappings move last: a copy that fails for lack of memory leaves its source as it was.
