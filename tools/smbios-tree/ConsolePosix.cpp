@@ -1,5 +1,6 @@
 #include "Console.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <string_view>
@@ -12,13 +13,15 @@ std::vector<std::string> Arguments(int argc, char** argv)
     return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
-// A stream that the caller closed would otherwise be the next file that is opened, and be written into.
 void PrepareStreams()
 {
+    // A stream that the caller closed would otherwise be the next file that is opened, and be written into.
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (fcntl(stream, F_GETFD) < 0)
             open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
     }
+    // Without a buffer a report is one write, and stays whole in a file that other processes append to.
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
 }
 
 bool ShowsColours()

@@ -127,7 +127,9 @@ Slot ModuleSlot(const Node& device)
 {
     Slot slot;
     slot.IsFilled = TextAt(device, "/Size") != "0";
-    const std::string name = Joined({TextAt(device, "/DeviceLocator"), TextAt(device, "/BankLocator")}, ", ");
+    std::string name = TextAt(device, "/DeviceLocator");
+    if (name.empty())
+        name = TextAt(device, "/BankLocator");
     if (!slot.IsFilled) {
         slot.Headline = "empty";
         slot.Lines = {name};
@@ -135,8 +137,7 @@ Slot ModuleSlot(const Node& device)
     }
     const std::uint64_t size = Kilobytes(device);
     slot.Headline = size == 0 ? "size unknown" : SizeText(size);
-    slot.Lines = {name, Joined({TextAt(device, "/MemoryType"), TextAt(device, "/FormFactor"),
-                                Megahertz(NumberAt(device, "/Speed"))})};
+    slot.Lines = {name, Joined({TextAt(device, "/MemoryType"), Megahertz(NumberAt(device, "/Speed"))})};
     return slot;
 }
 

@@ -98,5 +98,6 @@
             const element = target.closest("p, details");
             if (element) pathLine.textContent = pathOf(element);
         });
+    pathLine.textContent = pathOf(tree.firstElementChild);
     document.querySelector(".bar").hidden = false;
 })();
