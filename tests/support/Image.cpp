@@ -7,6 +7,7 @@ namespace TestImages {
 namespace {
 
 constexpr unsigned char EndOfTable = 127;
+constexpr unsigned char UnreadType = 200;
 
 void Append(Bytes& target, const Bytes& bytes)
 {
@@ -141,6 +142,17 @@ Bytes Image(const Bytes& table, unsigned char major, unsigned char minor)
 Bytes Image(const std::vector<Structure>& structures, unsigned char major, unsigned char minor)
 {
     return Image(Table(structures), major, minor);
+}
+
+Bytes ImageWithoutEnd(const Bytes& table, unsigned char major, unsigned char minor)
+{
+    return Join(Structure(UnreadType, 0xFEFE).Raw(EntryPoint(major, minor)).Finished(), table);
+}
+
+Bytes Join(Bytes left, const Bytes& right)
+{
+    Append(left, right);
+    return left;
 }
 
 } // namespace TestImages

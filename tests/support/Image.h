@@ -43,6 +43,58 @@ private:
     int ClaimedLength = -1;
 };
 
+/// `left` with `right` behind it.
+Bytes Join(Bytes left, const Bytes& right);
+
+/// The parts of StructureOf that are wider than a byte.
+struct Word {
+    unsigned int Value;
+};
+struct Dword {
+    std::uint32_t Value;
+};
+struct Qword {
+    std::uint64_t Value;
+};
+
+inline void Append(Structure& structure, unsigned int byte)
+{
+    structure.Byte(byte);
+}
+inline void Append(Structure& structure, Word word)
+{
+    structure.Word(word.Value);
+}
+inline void Append(Structure& structure, Dword dword)
+{
+    structure.Dword(dword.Value);
+}
+inline void Append(Structure& structure, Qword qword)
+{
+    structure.Qword(qword.Value);
+}
+inline void Append(Structure& structure, const Bytes& bytes)
+{
+    structure.Raw(bytes);
+}
+/// An empty text takes no string: its number is 0.
+inline void Append(Structure& structure, const std::string& text)
+{
+    if (text.empty())
+        structure.Byte(0);
+    else
+        structure.Text(text);
+}
+
+/// A structure from its fields: a plain number is a byte, a text a string reference.
+template <typename... Fields>
+Structure StructureOf(unsigned char type, std::uint16_t handle, const Fields&... fields)
+{
+    Structure structure(type, handle);
+    (Append(structure, fields), ...);
+    return structure;
+}
+
 /// A 32-bit entry point of 31 bytes with a right checksum.
 Bytes EntryPoint(unsigned char major, unsigned char minor, std::uint16_t tableLength = 0,
                  std::uint32_t tableAddress = 0);
@@ -56,5 +108,9 @@ Bytes Table(const std::vector<Structure>& structures);
 /// `table` with an entry point behind it: what the image constructor takes.
 Bytes Image(const Bytes& table, unsigned char major, unsigned char minor);
 Bytes Image(const std::vector<Structure>& structures, unsigned char major = 2, unsigned char minor = 7);
+
+/// `table` without an end structure, whose last byte is the last one of the image: the entry point stands
+/// ahead of it, inside a structure of a type that is not read.
+Bytes ImageWithoutEnd(const Bytes& table, unsigned char major = 2, unsigned char minor = 7);
 
 } // namespace TestImages

@@ -49,5 +49,28 @@ public:
         return names;
     }
 
+    /// The leaves below the node at `path` in the order of Items, as "name = text" with the name behind
+    /// `path`. An inner node without children is "name (inner)".
+    std::vector<std::string> Leaves(const std::string& path)
+    {
+        std::vector<std::string> lines;
+        AddLeaves(Search(path), path, path.size(), lines);
+        return lines;
+    }
+
     Protocol::SMBIOS::SMBIOSProtocolImpl Object;
+
+private:
+    static void AddLeaves(const SearchResult& nodes, const std::string& path, std::size_t prefix,
+                          std::vector<std::string>& lines)
+    {
+        const _XNode& node = nodes.at(path);
+        if (node.NodeType == NODE_LEAF)
+            lines.push_back(path.substr(prefix) + " = " + node.Items.at(0));
+        else if (node.Items.empty())
+            lines.push_back(path.substr(prefix) + " (inner)");
+        else
+            for (const std::string& child : node.Items)
+                AddLeaves(nodes, child, prefix, lines);
+    }
 };
