@@ -1,0 +1,162 @@
+// The inventories that are put together from structures: processors and memory.
+
+#include "Parts.h"
+#include "support/Tree.h"
+
+#include <gtest/gtest.h>
+
+using namespace TestImages;
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// The processors' marks by their indexes, and the count of the present ones of all.
+std::string Processors(Tree& tree)
+{
+    const std::string list = "/SMBIOS/ProcessorInfo";
+    Lines children = tree.Children(list);
+    EXPECT_EQ(children.front(), "/TotalNoOfProcessor");
+    EXPECT_EQ(children.back(), "/TotalNoOfProcessorPresent");
+    std::string text;
+    for (std::size_t i = 1; i + 1 < children.size(); ++i)
+        text += children[i] + " " + tree.Leaf(list + children[i] + "/ProcessorPresent") + ", ";
+    return text + tree.Leaf(list + children.back()) + " of " + tree.Leaf(list + children.front());
+}
+
+TEST(Processors, CountsAndMarks)
+{
+    const struct {
+        std::vector<unsigned int> Status;
+        std::string Summary;
+    } cases[] = {
+        {{}, "0 of 0"},
+        {{0x41}, "[1] True, 1 of 1"},
+        {{0x41, 0x00}, "[1] True, [2] False, 1 of 2"},
+        {{0x00, 0x41}, "[1] False, [2] True, 1 of 2"},
+        {{0x00, 0x01, 0xBF}, "[1] False, [2] False, [3] False, 0 of 3"}, // enabled, but the socket is empty
+        {{0x40, 0x42, 0xC7}, "[1] True, [2] True, [3] True, 3 of 3"},
+    };
+    for (const auto& each : cases) {
+        std::vector<Structure> table;
+        for (const unsigned int status : each.Status)
+            table.push_back(Processor(0x0400, 0xFFFF, 0xFFFF, status));
+        Tree tree(Image(table));
+        EXPECT_EQ(Processors(tree), each.Summary);
+    }
+}
+
+TEST(Processors, ACopyIsItsSourceAndTheMark)
+{
+    Tree tree(Image({Processor(0x0400, 0xFFFF, 0xFFFF, 0), Processor(0x0464, 0x0746, 0xFFFF, 0x41, "CPU4[6]"),
+                     Cache(0x0746, "4]6")}));
+    for (const std::string index : {"[1]", "[2]"}) {
+        const std::string copy = "/SMBIOS/ProcessorInfo" + index, source = "/SMBIOS/Type4" + index;
+        Lines expected = tree.Leaves(source);
+        expected.push_back("/ProcessorPresent = " + std::string(index == "[2]" ? "True" : "False"));
+        EXPECT_EQ(tree.Leaves(copy), expected);
+        EXPECT_FALSE(tree.Has(source + "/ProcessorPresent"));
+        EXPECT_TRUE(tree.Has(source + "/ProcessorFamily_Raw"));
+        EXPECT_FALSE(tree.Has(copy + "/ProcessorFamily_Raw"));
+    }
+    EXPECT_EQ(tree.Leaf("/SMBIOS/ProcessorInfo[2]/L1CacheHandle/Handle"), "0x0746");
+}
+
+// A processor whose status lies past the end of the table is counted, but has no copy.
+TEST(Processors, OneWithoutStatus)
+{
+    Tree tree(
+        ImageWithoutEnd(Join(Processor(0x0400).Finished(), StructureOf(4, 0x0401, "CPU2", 3).Finished())));
+    EXPECT_EQ(Processors(tree), "[1] True, 1 of 2");
+    EXPECT_FALSE(tree.Has("/SMBIOS/ProcessorInfo[2]"));
+}
+
+/// Each array as "slot present, slot present: total".
+Lines Summary(Tree& tree)
+{
+    Lines arrays;
+    const std::string list = "/SMBIOS/MemoryArray";
+    Lines indexes = tree.Children(list);
+    EXPECT_EQ(indexes.front(), "/TotalNoOfArray");
+    indexes.erase(indexes.begin());
+    EXPECT_EQ(tree.Leaf(list + "/TotalNoOfArray"), std::to_string(indexes.size()));
+    for (const std::string& index : indexes) {
+        std::string text;
+        const std::string devices = list + index + "/MemoryDevice";
+        std::size_t number = 1;
+        for (const std::string& device : tree.Children(devices)) {
+            EXPECT_EQ(device, "[" + std::to_string(number++) + "]");
+            const std::string mark = tree.Leaf(devices + device + "/DevicePresent");
+            text += tree.Leaf(devices + device + "/DeviceLocator") + " " + mark + ", ";
+        }
+        arrays.push_back(text + tree.Leaf(list + index + "/TotalNoOfDevicePresent"));
+    }
+    return arrays;
+}
+
+TEST(Memory, DevicesOfEachArray)
+{
+    const struct {
+        const char* Name;
+        std::vector<Structure> Table;
+        Lines Arrays;
+    } cases[] = {
+        {"nothing", {}, {}},
+        {"no array", {MemoryDevice(1, 2048, "A")}, {}},
+        {"an array without devices", {MemoryArray(1)}, {"0"}},
+        {"one device is another array's",
+         {MemoryArray(1), MemoryDevice(1, 2048, "A"), MemoryDevice(2, 2048, "X"), MemoryDevice(1, 0, "B")},
+         {"A True, B False, 1"}},
+        {"every size but 0 is a module",
+         {MemoryArray(1), MemoryDevice(1, 1, "A"), MemoryDevice(1, 0x7FFF, "B"), MemoryDevice(1, 0xFFFF, "C"),
+          MemoryDevice(1, 0x8000, "D")},
+         {"A True, B True, C True, D True, 4"}},
+        {"mixed, devices ahead of their arrays",
+         {MemoryDevice(2, 0, "B1"), MemoryDevice(1, 8, "A1"), MemoryArray(1), MemoryDevice(2, 8, "B2"),
+          MemoryArray(2), MemoryDevice(1, 0, "A2")},
+         {"A1 True, A2 False, 1", "B1 False, B2 True, 1"}},
+        {"two arrays of one handle",
+         {MemoryArray(7), MemoryArray(7), MemoryDevice(7, 8, "A")},
+         {"A True, 1", "A True, 1"}},
+        {"the handles 0 and FFFFh",
+         {MemoryArray(0), MemoryArray(0xFFFF), MemoryDevice(0, 8, "A"), MemoryDevice(0xFFFF, 0, "B")},
+         {"A True, 1", "B False, 0"}},
+        {"handles of which one begins like the other",
+         {MemoryArray(1), MemoryArray(12), MemoryDevice(12, 8, "A"), MemoryDevice(123, 8, "B")},
+         {"0", "A True, 1"}},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.Name);
+        Tree tree(Image(each.Table));
+        EXPECT_EQ(Summary(tree), each.Arrays);
+    }
+}
+
+TEST(Memory, ACopyIsItsSourceAndTheMarks)
+{
+    Tree tree(Image({MemoryArray(0x1046, 0x1801), MemoryDevice(0x2000, 8, "X"),
+                     MemoryDevice(0x1046, 16, "4]6", 0x1802), MemoryError(0x1801), MemoryError(0x1802)}));
+    Lines expected = tree.Leaves("/SMBIOS/Type16[1]");
+    for (const std::string& line : tree.Leaves("/SMBIOS/Type17[2]"))
+        expected.push_back("/MemoryDevice[1]" + line);
+    expected.push_back("/MemoryDevice[1]/DevicePresent = True");
+    expected.push_back("/TotalNoOfDevicePresent = 1");
+    EXPECT_EQ(tree.Leaves("/SMBIOS/MemoryArray[1]"), expected);
+    EXPECT_EQ(tree.Leaf("/SMBIOS/MemoryArray[1]/MemoryErrorInfoHandle/Handle"), "0x1801");
+    EXPECT_EQ(tree.Leaf("/SMBIOS/MemoryArray[1]/MemoryDevice[1]/MemoryErrorInfoHandle/Handle"), "0x1802");
+    EXPECT_FALSE(tree.Has("/SMBIOS/Type17[2]/DevicePresent"));
+    EXPECT_FALSE(tree.Has("/SMBIOS/Type16[1]/MemoryDevice"));
+}
+
+// A device whose size lies past the end of the table belongs to no array.
+TEST(Memory, ADeviceWithoutSize)
+{
+    const Bytes whole = Join(MemoryArray(1).Finished(), MemoryDevice(1, 8, "A").Finished());
+    Tree tree(
+        ImageWithoutEnd(Join(whole, StructureOf(17, 0x1101, Word{1}, Word{0xFFFF}, Word{0}).Finished())));
+    EXPECT_EQ(tree.Leaf("/SMBIOS/Type17[2]/MemoryArrayHandle"), "1");
+    EXPECT_FALSE(tree.Has("/SMBIOS/Type17[2]/Size"));
+    EXPECT_EQ(Summary(tree), (Lines{"A True, 1"}));
+}
+
+} // namespace
