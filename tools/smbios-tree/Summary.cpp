@@ -164,12 +164,12 @@ SlotGroup Processors(const Node& root)
     return group;
 }
 
-void NameMemory(SlotGroup& group, std::uint64_t kilobytes)
+void NameMemory(SlotGroup& group, std::uint64_t kilobytes, const std::string& name)
 {
     group.Title =
         group.Slots.empty()
             ? "none in the table"
-            : Joined({kilobytes == 0 ? "" : SizeText(kilobytes), Filled(group.Slots, "slot")}, ", ");
+            : name + Joined({kilobytes == 0 ? "" : SizeText(kilobytes), Filled(group.Slots, "slot")}, ", ");
 }
 
 // Devices go by the array handle that they name: some firmware names one that no array has.
@@ -194,8 +194,8 @@ void AddMemory(Summary& summary, const Node& root)
         total += Kilobytes(*device);
     }
     for (std::size_t i = 0; i < sizes.size(); ++i)
-        NameMemory(summary.MemoryArrays[i], sizes[i]);
-    NameMemory(summary.Memory, total);
+        NameMemory(summary.MemoryArrays[i], sizes[i], "Array " + std::to_string(i + 1) + ": ");
+    NameMemory(summary.Memory, total, "");
 }
 
 void AddFact(Summary& summary, const char* label, const std::string& text)
