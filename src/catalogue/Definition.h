@@ -85,14 +85,26 @@ struct Field {
     Table Values = {};
 };
 
-/// Whether each field begins where the one before it ends, the first right behind the structure's header: a
-/// reader moves over the structure by the widths alone.
+/// Whether the rows rise by value. A value may stand twice, for different revisions.
+constexpr bool RowsRise(const Table& table)
+{
+    for (std::size_t i = 1; i < table.RowCount; ++i) {
+        const Row& before = table.Rows[i - 1];
+        const Row& row = table.Rows[i];
+        if (row.Value < before.Value || (row.Value == before.Value && row.From <= before.To))
+            return false;
+    }
+    return true;
+}
+
+/// Whether each field begins where the one before it ends, the first right behind the structure's header, and has
+/// its rows in order: a reader moves over the structure by the widths alone, and looks rows up by halving.
 template <std::size_t N>
-constexpr bool OffsetsFollowWidths(const Field (&fields)[N])
+constexpr bool IsWellFormed(const Field (&fields)[N])
 {
     int offset = 4;
     for (const Field& field : fields) {
-        if (field.Offset != offset)
+        if (field.Offset != offset || !RowsRise(field.Values))
             return false;
         offset += field.Width == StringReference ? 1 : field.Width;
     }

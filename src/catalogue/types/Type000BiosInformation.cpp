@@ -70,7 +70,7 @@ constexpr Field Fields[] = {
     {0x17, "ECFirmwareMinorRelease",            1,               Decimal, V2_4},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

@@ -28,7 +28,7 @@ constexpr Field Fields[] = {
     {0x1A, "Family",       StringReference, String,  V2_4},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

@@ -28,7 +28,6 @@ constexpr Row BoardTypeRows[] = {
     {0x0B, "Processor/Memory Module"},
     {0x0C, "Processor/IO Module"},
     {0x0D, "Interconnect Board"},
-    {0x02, "Other"},
 };
 
 constexpr Field Fields[] = {
@@ -45,7 +44,7 @@ constexpr Field Fields[] = {
     {0x0F, "ContainObjectHandles", 2,               Decimal, V2_3},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

@@ -75,7 +75,7 @@ constexpr Field Fields[] = {
     {0x15, "ContainedElements",            1,               Decimal, V2_3},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

@@ -117,7 +117,7 @@ constexpr Field Fields[] = {
     {0x28, "ProcessorFamily2",      2,               Decimal, V2_6, Enumeration(ProcessorFamily2Rows)},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

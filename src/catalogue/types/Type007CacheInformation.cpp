@@ -91,7 +91,7 @@ constexpr Field Fields[] = {
     {0x12, "Associativity",       1,               Decimal, V2_3, Enumeration(AssociativityRows)},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

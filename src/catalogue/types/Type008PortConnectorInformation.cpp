@@ -97,7 +97,7 @@ constexpr Field Fields[] = {
     {0x08, "PortType",                    1,               Decimal, V2_3, Enumeration(PortTypeRows)},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

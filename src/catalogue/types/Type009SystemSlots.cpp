@@ -114,7 +114,7 @@ constexpr Field Fields[] = {
     {0x10, "DeviceNumber",         1,               Decimal, V2_6},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

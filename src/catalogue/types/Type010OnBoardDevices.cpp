@@ -24,7 +24,7 @@ constexpr Field Fields[] = {
     {0x05, "DescriptionString", StringReference, String,  V2_3},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

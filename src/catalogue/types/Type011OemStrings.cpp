@@ -9,7 +9,7 @@ constexpr Field Fields[] = {
     {0x04, "StringCount", 1, Decimal, V2_3},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

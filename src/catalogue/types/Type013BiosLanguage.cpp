@@ -17,7 +17,7 @@ constexpr Field Fields[] = {
     {0x15, "CurrentLanguage",      StringReference, String,  V2_3},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

@@ -54,7 +54,7 @@ constexpr Field Fields[] = {
     {0x0D, "NumMemoryDevices",      2, Decimal, V2_3},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

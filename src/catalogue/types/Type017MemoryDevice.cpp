@@ -95,7 +95,7 @@ constexpr Field Fields[] = {
     {0x1C, "ExtendedSize",          4,               Decimal, V2_7},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

@@ -50,7 +50,7 @@ constexpr Field Fields[] = {
     {0x13, "ErrorResolution",         4, Decimal, V2_3},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

@@ -12,7 +12,7 @@ constexpr Field Fields[] = {
     {0x0E, "PartitionWidth",    1, Decimal, V2_3},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

@@ -16,7 +16,7 @@ constexpr Field Fields[] = {
     {0x04, "HardwareSecuritySettings", 1, Decimal, V2_3, DecodedBy("HardwareSecuritySettings", HardwareSecuritySettingsRows)},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

@@ -10,7 +10,7 @@ constexpr Field Fields[] = {
     {0x0A, "BootStatus", 10, Hex, V2_3},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

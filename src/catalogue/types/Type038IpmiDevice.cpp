@@ -20,7 +20,7 @@ constexpr Field Fields[] = {
     {0x08, "BaseAddress",   8, Decimal, V2_3},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

@@ -14,7 +14,7 @@ constexpr Field Fields[] = {
     {0x0F, "Reserved", 1, Decimal, V2_7},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 

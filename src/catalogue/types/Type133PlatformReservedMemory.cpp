@@ -10,7 +10,7 @@ constexpr Field Fields[] = {
     {0x08, "Size",    4, Decimal, V2_7},
 };
 
-static_assert(OffsetsFollowWidths(Fields));
+static_assert(IsWellFormed(Fields));
 
 } // namespace
 
