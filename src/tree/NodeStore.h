@@ -58,7 +58,7 @@ public:
     void OrderChildren();
 
     /// The children of `node` by rising path, as many as Children, a repeated one next to itself.
-    TreeNode* const* ChildrenByPath(const TreeNode& node) const { return &ByPath[node.FirstByPath]; }
+    TreeNode* const* ChildrenByPath(const TreeNode& node) const { return ByPath.data() + node.FirstByPath; }
 
     /// Counts one write to the tree. Throws TreeTooLarge at the first beyond the limit.
     void CountWrite();
