@@ -46,3 +46,12 @@ endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/smbiosprotocol.pc.in ${PROJECT_BINARY_DIR}/smbiosprotocol.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/smbiosprotocol.pc
     DESTINATION ${SMBIOSPROTOCOL_PKGCONFIG_DIR} COMPONENT development)
+
+# MinGW-w64's own runtime, beside the library: Windows has none.
+if(MINGW)
+    foreach(runtime libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+        execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${runtime}
+            OUTPUT_VARIABLE runtime_file OUTPUT_STRIP_TRAILING_WHITESPACE)
+        install(FILES ${runtime_file} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library)
+    endforeach()
+endif()
