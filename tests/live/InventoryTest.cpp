@@ -59,7 +59,7 @@ TEST(SpdDump, ReadsAtMost512BytesOfEachBlock)
 
     std::vector<Events> mappings = {Mapped(SegmentAddress, SegmentLength),
                                     Mapped(TableAddress, static_cast<unsigned int>(table.size()))};
-    for (std::size_t i = 1; i <= std::size(rows); ++i) {
+    for (unsigned int i = 1; i <= std::size(rows); ++i) {
         const unsigned long address = 0xFFF00001UL + 0x1000UL * i;
         const unsigned int read = rows[i - 1].Read;
         mappings.push_back(Mapped(address, read));
