@@ -43,8 +43,8 @@ if(NOT BUILD_SHARED_LIBS)
     set(SMBIOSPROTOCOL_STATIC_CFLAGS " -DSMBIOSPROTOCOL_STATIC")
     set(SMBIOSPROTOCOL_STATIC_LIBS " -pthread")
 endif()
-configure_file(${CMAKE_CURRENT_LIST_DIR}/smbiosprotocol.pc.in ${PROJECT_BINARY_DIR}/smbiosprotocol.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/smbiosprotocol.pc
+configure_file(${CMAKE_CURRENT_LIST_DIR}/SMBIOSProtocol.pc.in ${PROJECT_BINARY_DIR}/SMBIOSProtocol.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/SMBIOSProtocol.pc
     DESTINATION ${SMBIOSPROTOCOL_PKGCONFIG_DIR} COMPONENT development)
 
 # MinGW-w64's own runtime, beside the library: Windows has none.
