@@ -40,7 +40,7 @@ TEST(Acquisition, EntryPoints)
 {
     constexpr std::size_t LargestImage = 65535;
     const Bytes table = Table({StructureOf(11, 1, 3)}), good = EntryPoint(2, 7);
-    const Bytes damaged = With(good, 0x0F, 1), longer = WithLength(good, 33);
+    const Bytes damaged = With(good, 0x0F, 0x80), longer = WithLength(good, 33);
     const Bytes toLargest(LargestImage - table.size() - good.size()),
         toOddOffset(table.size() % 2 == 0 ? 1 : 2);
     const struct {

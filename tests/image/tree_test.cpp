@@ -77,14 +77,14 @@ TEST(Links, FromEachHandleField)
         StructureOf(4, 0x0402, Bytes(22), Word{0xFFFF}, Word{0xFFFF}, Word{0x0703}, Bytes(10));
     const Structure fourth = Processor(0x0403, 0x0401, 0x0702);
     Tree tree(
-        Image({Processor(0x0400, 0x0701, 0x0702), Processor(0x0401, 0x0702, 0x0702), third, fourth,
-               Cache(0x0701, "one"), Cache(0x0702, "two"), Cache(0x0703, "three"),
+        Image({Processor(0x0400, 0x07AF, 0x0702), Processor(0x0401, 0x0702, 0x0702), third, fourth,
+               Cache(0x07AF, "one"), Cache(0x0702, "two"), Cache(0x0703, "three"),
                MemoryArray(0x1000, 0x1801), MemoryDevice(0x1000, 8, "A", 0x1802), MemoryError(0x1801, 4),
-               MemoryError(0x1802, 5), StructureOf(2, 0x0200, Bytes(7), Word{0x0701}, 0, 0, Word{0x0701})}));
+               MemoryError(0x1802, 5), StructureOf(2, 0x0200, Bytes(7), Word{0x07AF}, 0, 0, Word{0x07AF})}));
     const struct {
         std::string Path, Text;
     } cases[] = {
-        {"/Type4[1]/L1CacheHandle/Handle", "0x0701"},
+        {"/Type4[1]/L1CacheHandle/Handle", "0x07AF"},
         {"/Type4[1]/L1CacheHandle/SocketDesignation", "one"},
         {"/Type4[1]/L1CacheHandle/CacheConfiguration/CacheLevel", "L1Cache"},
         {"/Type4[1]/L2CacheHandle/SocketDesignation", "two"},
@@ -99,8 +99,8 @@ TEST(Links, FromEachHandleField)
         {"/Type16[1]/MemoryErrorInfoHandle/ErrorType", "Bad read"},
         {"/Type17[1]/MemoryErrorInfoHandle/ErrorType", "Parity error"},
         {"/Type17[1]/MemoryArrayHandle", "4096"},
-        {"/Type2[1]/ChassisHandle", "1793"},
-        {"/Type2[1]/ContainObjectHandles", "1793"},
+        {"/Type2[1]/ChassisHandle", "1967"},
+        {"/Type2[1]/ContainObjectHandles", "1967"},
     };
     for (const auto& each : cases)
         EXPECT_EQ(tree.Leaf("/SMBIOS" + each.Path), each.Text) << each.Path;

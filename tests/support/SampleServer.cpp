@@ -110,7 +110,9 @@ void AddDevices(Structures& table, const std::vector<DeviceRow>& devices, const 
             Word{isFilled ? kind.Speed : 0}, isFilled ? kind.Manufacturer : "", device.SerialNo,
             device.Slot + " tag", isFilled ? kind.PartNumber : "");
         if (asOf27)
-            structure.Byte(isFilled ? 2 : 0).Dword(isLarge ? device.Megabytes : 0).Word(kind.Speed);
+            structure.Byte(isFilled ? 2 : 0)
+                .Dword(isLarge ? device.Megabytes : 0)
+                .Word(isFilled ? kind.Speed : 0);
         table.push_back(structure);
     }
 }
@@ -148,7 +150,7 @@ void AddServerIdentity(Structures& table)
                                     board.Type, 1, Word{board.Contains}));
 
     constexpr unsigned int RackMountWithLock = 0x80 | 0x17, Safe = 3, NoSecurity = 3;
-    table.push_back(StructureOf(3, Chassis, "Northmere Systems", RackMountWithLock, "2-08", "CH-55120",
+    table.push_back(StructureOf(3, Chassis, "Northmere Systems", RackMountWithLock, "2U-08", "CH-55120",
                                 "Rack 7, unit 12", Safe, Safe, Safe, NoSecurity, Dword{0}, 2, 2, 0, 0,
                                 "R240-CH-8"));
 }
