@@ -76,16 +76,16 @@ private:
 
 } // namespace
 
-std::string Differences(const std::optional<Node>& before, const std::optional<Node>& after,
+std::string Differences(const std::optional<Tree>& before, const std::optional<Tree>& after,
                         const Style& style)
 {
     Comparison comparison(style);
     if (before && after)
-        comparison.Compare(*before, *after);
+        comparison.Compare(before->Top(), after->Top());
     else if (before)
-        comparison.ListAll("- ", Role::Removed, *before);
+        comparison.ListAll("- ", Role::Removed, before->Top());
     else if (after)
-        comparison.ListAll("+ ", Role::Added, *after);
+        comparison.ListAll("+ ", Role::Added, after->Top());
     return std::move(comparison.Lines);
 }
 

@@ -49,11 +49,10 @@ constexpr Title Titles[] = {
 std::string_view TitleOf(const Node& node)
 {
     const std::string_view root = RootPath;
-    const std::string_view path = node.Path;
-    if (path.substr(0, root.size()) != root)
+    if (node.Path.substr(0, root.size()) != root)
         return {};
     const auto title = std::find_if(std::begin(Titles), std::end(Titles), [&](const Title& candidate) {
-        return path.substr(root.size()) == candidate.Key;
+        return node.Path.substr(root.size()) == candidate.Key;
     });
     return title == std::end(Titles) ? std::string_view() : title->Text;
 }
@@ -90,10 +89,10 @@ std::string Element(const char* tag, std::string_view text)
     return std::string("<") + tag + ">" + Escaped(text) + "</" + tag + ">";
 }
 
-void WriteLeaf(std::string& out, const Node& leaf, std::string_view key)
+void WriteLeaf(std::string& out, const Node& leaf)
 {
-    out += "<p data-k=\"" + Escaped(key) + "\">" + Element("b", leaf.Name) + Element("span", leaf.Value) +
-           "</p>\n";
+    out += "<p data-k=\"" + Escaped(leaf.Key) + "\">" + Element("b", leaf.Name) +
+           Element("span", leaf.Value) + "</p>\n";
 }
 
 // What stands beside an inner node's name: its title, and how many instances it lists.
@@ -109,20 +108,21 @@ std::string Remark(const Node& node)
     return remark;
 }
 
-void WriteNode(std::string& out, const Node& node, std::string_view key, bool isOpen)
+void WriteNode(std::string& out, const Node& node, bool isOpen)
 {
     if (node.IsLeaf) {
-        WriteLeaf(out, node, key);
+        WriteLeaf(out, node);
         return;
     }
     out += node.Children.empty() ? "<details class=\"none\"" : "<details";
-    out += " data-k=\"" + Escaped(key) + "\"" + (isOpen ? " open" : "") + "><summary>" + Escaped(node.Name);
+    out +=
+        " data-k=\"" + Escaped(node.Key) + "\"" + (isOpen ? " open" : "") + "><summary>" + Escaped(node.Name);
     const std::string remark = Remark(node);
     if (!remark.empty())
         out += Element("i", remark);
     out += "</summary>\n";
     for (const Node& child : node.Children)
-        WriteNode(out, child, child.Key, false);
+        WriteNode(out, child, false);
     out += "</details>\n";
 }
 
@@ -174,7 +174,7 @@ void WriteTree(std::string& out, const Node& top)
            "<button type=\"button\">Unfold all</button><button type=\"button\">Fold all</button>"
            "<code></code></div>\n"
            "<div class=\"tree\">\n";
-    WriteNode(out, top, top.Path, true);
+    WriteNode(out, top, true);
     out += "</div>\n</section>\n";
 }
 

@@ -11,7 +11,7 @@ void Write(std::string& out, const Node& node, std::size_t depth, const Style& s
     if (node.IsLeaf) {
         out += style.Paint(Role::Field, Visible(node.Name) + ":");
         if (!node.Value.empty())
-            out += " " + Visible(node.Value);
+            out.append(" ").append(Visible(node.Value));
     } else {
         out += style.Paint(Role::Structure, Visible(node.Name));
     }

@@ -25,7 +25,7 @@ constexpr std::size_t MaxFileSize = 16U << 20;
 {
     const std::string reason = error != 0 ? std::generic_category().message(error) : "it cannot be read";
     const char* const advice = error == EACCES || error == EPERM
-                                   ? "run as root, or give a copy that you may read"
+                                   ? "run as root (administrator), or give a copy that you may read"
                                : error == ENOENT ? "check the name"
                                                  : "give a file or folder that can be read";
     throw Failure(Kind::Unreadable, what + reason + "; " + advice);

@@ -38,11 +38,11 @@ bool Repair(std::string_view text, std::string& out)
     return isRepaired;
 }
 
-Document FromText(const std::string& text)
+Document FromText(std::string_view text)
 {
     std::string repaired;
     if (!Repair(text, repaired))
-        return text;
+        return repaired;
     return {{"text", repaired}, {"bytes", Hexadecimal(text)}};
 }
 
@@ -56,7 +56,7 @@ Document FromNode(const Node& node);
 // Puts an instance at its place, behind as many nulls as it takes.
 void PutInstance(Document& list, const Node& node)
 {
-    const std::size_t index = std::strtoul(node.Key.c_str() + 1, nullptr, 10);
+    const std::size_t index = std::strtoul(std::string(node.Key.substr(1)).c_str(), nullptr, 10);
     while (list.size() < index)
         list.push_back(nullptr);
     list[index - 1] = FromNode(node);
@@ -72,7 +72,7 @@ Document FromNode(const Node& node)
         if (child.Key.front() == '[')
             PutInstance(list, child);
         else
-            named[child.Name] = FromNode(child);
+            named[std::string(child.Name)] = FromNode(child);
     }
     if (list.empty())
         return named;

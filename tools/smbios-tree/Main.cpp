@@ -61,16 +61,16 @@ void ShowLog()
 std::string Report(Protocol::SMBIOS::ISMBIOSProtocol& protocol, const std::string& name,
                    const Arguments& arguments)
 {
-    const Node tree = Subtree(protocol, arguments.Path);
+    const Tree tree = Subtree(protocol, arguments.Path);
     switch (arguments.Output) {
     case Output::Flat:
-        return Flat(tree, arguments.Style);
+        return Flat(tree.Top(), arguments.Style);
     case Output::Json:
-        return Json(tree);
+        return Json(tree.Top());
     case Output::Html:
-        return Html(Subtree(protocol, RootPath), tree, name);
+        return Html(Subtree(protocol, RootPath).Top(), tree.Top(), name);
     default:
-        return Indented(tree, arguments.Style);
+        return Indented(tree.Top(), arguments.Style);
     }
 }
 
@@ -88,7 +88,7 @@ int ReportOne(const Input& input, const Arguments& arguments)
 std::string Line(const Input& input, const Arguments& arguments, int& status)
 {
     try {
-        return JsonLine(input, Subtree(*Open(input, arguments.ReadAs), arguments.Path));
+        return JsonLine(input, Subtree(*Open(input, arguments.ReadAs), arguments.Path).Top());
     } catch (const Failure& failure) {
         status = Failed;
         return JsonLine(input, failure);
@@ -107,7 +107,7 @@ int ReportLines(const std::vector<Input>& inputs, const Arguments& arguments)
 // The two sides' subtrees. What one side alone has at the path is a difference, not a failure.
 int ReportDifferences(const Input& before, const Input& after, const Arguments& arguments)
 {
-    std::optional<Node> sides[2];
+    std::optional<Tree> sides[2];
     for (const Input* input : {&before, &after}) {
         try {
             const auto protocol = Open(*input, arguments.ReadAs);

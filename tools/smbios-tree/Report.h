@@ -41,7 +41,7 @@ std::string Html(const Node& root, const Node& top, const std::string& name);
 
 /// A line for each leaf that is not in both trees with the same value, marked "-" where it is in the first
 /// alone, "+" in the second alone, "<" and ">" where the value changed. Either tree may be missing.
-std::string Differences(const std::optional<Node>& before, const std::optional<Node>& after,
+std::string Differences(const std::optional<Tree>& before, const std::optional<Tree>& after,
                         const Style& style);
 
 } // namespace SmbiosTree

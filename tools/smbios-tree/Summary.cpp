@@ -35,9 +35,9 @@ std::string TextAt(const Node& top, std::string_view path)
     if (leaf == nullptr)
         return {};
     const std::size_t first = leaf->Value.find_first_not_of(' ');
-    if (first == std::string::npos)
+    if (first == std::string_view::npos)
         return {};
-    return leaf->Value.substr(first, leaf->Value.find_last_not_of(' ') - first + 1);
+    return std::string(leaf->Value.substr(first, leaf->Value.find_last_not_of(' ') - first + 1));
 }
 
 std::uint64_t NumberAt(const Node& top, std::string_view path)

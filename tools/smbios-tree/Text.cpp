@@ -26,6 +26,11 @@ bool IsUnseen(char32_t character)
     });
 }
 
+bool IsPlain(char byte)
+{
+    return ' ' <= byte && byte <= '~' && byte != '\\';
+}
+
 // The forms of UTF-8 by their first byte; `Least` is the smallest character that may take the form.
 struct Utf8Form {
     unsigned char Mask;
@@ -102,8 +107,9 @@ std::size_t CharacterLength(std::string_view text)
 
 std::string Visible(std::string_view text)
 {
+    if (std::all_of(text.begin(), text.end(), IsPlain)) // as nearly all are
+        return std::string(text);
     std::string out;
-    out.reserve(text.size());
     while (!text.empty()) {
         const Character character = FirstCharacter(text);
         const std::size_t length = std::max<std::size_t>(character.Length, 1);

@@ -6,9 +6,8 @@
 
 #include <SMBIOSProtocol/SMBIOSProtocolImpl.h>
 
-#include <map>
-#include <string_view>
-#include <unordered_set>
+#include <new>
+#include <utility>
 
 namespace SmbiosTree {
 
@@ -16,7 +15,7 @@ namespace {
 
 using Protocol::SMBIOS::ISMBIOSProtocol;
 using Protocol::SMBIOS::SMBIOSProtocolImpl;
-using Nodes = std::map<std::string, _XNode>;
+using Found = std::map<std::string, _XNode>;
 
 // Where Linux publishes the running machine's table, for those whose version needs --read-as.
 constexpr const char* PublishedFolder = "/sys/firmware/dmi/tables";
@@ -82,42 +81,53 @@ std::string_view LastPart(std::string_view path)
     return path.substr(path.rfind('/') + 1);
 }
 
-void Fill(Node& node, const Nodes& nodes)
-{
-    const _XNode& source = nodes.at(node.Path);
-    node.IsLeaf = source.NodeType == NODE_LEAF;
-    if (node.IsLeaf) {
-        node.Value = source.Items.empty() ? std::string() : source.Items.front();
-        return;
-    }
-    // A type without an index lists its fields once for each of its structures.
-    std::unordered_set<std::string_view> seen;
-    node.Children.reserve(source.Items.size());
-    for (const std::string& path : source.Items) {
-        if (nodes.count(path) == 0 || !seen.insert(path).second)
-            continue;
-        Node& child = node.Children.emplace_back();
-        child.Path = path;
-        child.Key = path.substr(node.Path.size());
-        child.Name = child.Key.front() == '/' ? child.Key.substr(1) : LastPart(path);
-        Fill(child, nodes);
-    }
-}
-
 // The longest path that has a node and of which `path` is a continuation.
 std::string NearestPath(ISMBIOSProtocol& protocol, std::string path)
 {
     while (!path.empty()) {
         path.resize(path.find_last_of("/[") == std::string::npos ? 0 : path.find_last_of("/["));
-        Nodes nodes;
-        protocol.SMBiosSearch(path, nodes);
-        if (!nodes.empty())
+        Found found;
+        protocol.SMBiosSearch(path, found);
+        if (!found.empty())
             return path;
     }
     return RootPath;
 }
 
 } // namespace
+
+Tree::Tree(Found found, const std::string& top) : Nodes(std::move(found))
+{
+    const auto entry = Nodes.find(top);
+    TopNode.Path = entry->first;
+    TopNode.Key = TopNode.Path;
+    TopNode.Name = LastPart(TopNode.Path);
+    entry->second.Flag = 1;
+    Fill(TopNode, entry->second);
+}
+
+void Tree::Fill(Node& node, _XNode& source)
+{
+    node.IsLeaf = source.NodeType == NODE_LEAF;
+    if (node.IsLeaf) {
+        node.Value = source.Items.empty() ? std::string_view() : source.Items.front();
+        return;
+    }
+    node.Children.reserve(source.Items.size());
+    for (const std::string& path : source.Items) {
+        const auto entry = Nodes.find(path);
+        // A type without an index lists its fields once for each of its structures. The flag, which the
+        // library leaves at 0, marks what has its place.
+        if (entry == Nodes.end() || entry->second.Flag != 0)
+            continue;
+        entry->second.Flag = 1;
+        Node& child = node.Children.emplace_back();
+        child.Path = entry->first;
+        child.Key = child.Path.substr(node.Path.size());
+        child.Name = child.Key.front() == '/' ? child.Key.substr(1) : LastPart(child.Path);
+        Fill(child, entry->second);
+    }
+}
 
 std::shared_ptr<ISMBIOSProtocol> Open(const std::optional<std::string>& input, std::optional<Version> readAs)
 {
@@ -132,27 +142,23 @@ std::shared_ptr<ISMBIOSProtocol> Open(const std::optional<std::string>& input, s
     }
 }
 
-std::optional<Node> FindSubtree(ISMBIOSProtocol& protocol, const std::string& path)
+std::optional<Tree> FindSubtree(ISMBIOSProtocol& protocol, const std::string& path)
 {
-    Nodes nodes;
-    protocol.SMBiosSearch(path, nodes);
-    if (nodes.empty())
+    Found found;
+    protocol.SMBiosSearch(path, found);
+    if (found.empty())
         return std::nullopt;
-    Node top;
-    top.Path = path;
-    top.Name = LastPart(path);
-    Fill(top, nodes);
-    return top;
+    return std::make_optional<Tree>(std::move(found), path);
 }
 
-Node Subtree(ISMBIOSProtocol& protocol, const std::string& path)
+Tree Subtree(ISMBIOSProtocol& protocol, const std::string& path)
 {
-    std::optional<Node> top = FindSubtree(protocol, path);
-    if (!top)
+    std::optional<Tree> tree = FindSubtree(protocol, path);
+    if (!tree)
         throw Failure(Kind::UnknownPath, "nothing is at the path " + Visible(path) +
                                              "; see what is there with --path " +
                                              NearestPath(protocol, path));
-    return *std::move(top);
+    return *std::move(tree);
 }
 
 } // namespace SmbiosTree

@@ -6,9 +6,11 @@
 
 #include <SMBIOSProtocol/ISMBIOSProtocol.h>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace SmbiosTree {
@@ -16,25 +18,41 @@ namespace SmbiosTree {
 /// The path of the whole tree.
 constexpr const char* RootPath = "/SMBIOS";
 
-/// One node with all below it.
+/// One node with all below it. Its texts belong to the Tree that it stands in.
 struct Node {
-    std::string Path;
-    std::string
-        Name; ///< the path behind the parent's; the last part of it for a list's member and for the top
-    std::string Key; ///< the path behind the parent's, as it is: "/Size", "[2]"; empty for the top
+    std::string_view Path;
+    std::string_view Key;  ///< the path behind the parent's: "/Size", "[2]"; of the top, the whole path
+    std::string_view Name; ///< for a reader: "Size", "Type17[2]"
     bool IsLeaf = false;
-    std::string Value;          ///< of a leaf
+    std::string_view Value;     ///< of a leaf
     std::vector<Node> Children; ///< each path once, in the order of the parent's list
+};
+
+/// A node of an input's tree, with all below it.
+class Tree {
+public:
+    /// Takes what a search for the path of `top` found.
+    Tree(std::map<std::string, _XNode> found, const std::string& top);
+    Tree(Tree&&) = default;
+    Tree& operator=(Tree&&) = default;
+
+    const Node& Top() const { return TopNode; }
+
+private:
+    void Fill(Node& node, _XNode& source);
+
+    std::map<std::string, _XNode> Nodes;
+    Node TopNode;
 };
 
 /// Decodes the input of this name, or the running machine where there is no name. Throws Failure.
 std::shared_ptr<Protocol::SMBIOS::ISMBIOSProtocol> Open(const std::optional<std::string>& input,
                                                         std::optional<Version> readAs);
 
-/// The node at `path` with all below it; nothing where there is none.
-std::optional<Node> FindSubtree(Protocol::SMBIOS::ISMBIOSProtocol& protocol, const std::string& path);
+/// The subtree at `path`; nothing where there is none.
+std::optional<Tree> FindSubtree(Protocol::SMBIOS::ISMBIOSProtocol& protocol, const std::string& path);
 
 /// The same, but throws Failure where there is none.
-Node Subtree(Protocol::SMBIOS::ISMBIOSProtocol& protocol, const std::string& path);
+Tree Subtree(Protocol::SMBIOS::ISMBIOSProtocol& protocol, const std::string& path);
 
 } // namespace SmbiosTree
