@@ -288,7 +288,7 @@ TEST_F(Tool, SaysInOneLineWhatFailedAndWhatToDo)
         {"half", 1, "half: DMI: No such file", "check the name"},
         {"strange", 1, "neither \"_SM_\" nor \"_SM3_\"", "take it again"},
         {"nothing", 1, "a folder without", "/sys/firmware/dmi/tables"},
-        {"--path '/SMBIOS/Type17[9]/Size' image", 1, "nothing is at the path /SMBIOS/Type17[9]/Size",
+        {"--path '/SMBIOS/Type17[9]/Size' image", 1, "nothing is at the path \"/SMBIOS/Type17[9]/Size\"",
          "--path /SMBIOS/Type17\n"},
         {"--diff image missing", 2, "missing: No such file", "check the name"},
         {"--diff --path /nowhere image image", 2, "nothing is at the path", "--path /SMBIOS\n"},
@@ -322,6 +322,8 @@ TEST_F(Tool, ShowsEveryByteOfAText)
     EXPECT_EQ(Run("odd --flat --path /SMBIOS/Type1/Manufacturer").Out,
               "/SMBIOS/Type1/Manufacturer = " + shown);
     EXPECT_EQ(Run("odd --path /SMBIOS/Type1/SerialNo").Out, "SerialNo:\n");
+    EXPECT_EQ(Run("odd --path '/SMBIOS/Type4[1]/Characteristics/Power/Performance Control'").Out,
+              "Power/Performance Control: Not Supported\n");
     EXPECT_EQ(Run("odd --path '/SMBIOS/Type4[1]/VoltageCapability'").Out,
               "VoltageCapability: 5VSupported\\n\\t\\t3.3VSupported\\n\\t\\t\n");
 

@@ -96,12 +96,12 @@ std::string NearestPath(ISMBIOSProtocol& protocol, std::string path)
 
 } // namespace
 
-Tree::Tree(Found found, const std::string& top) : Nodes(std::move(found))
+Tree::Tree(Found found, const std::string& top, std::size_t nameStart) : Nodes(std::move(found))
 {
     const auto entry = Nodes.find(top);
     TopNode.Path = entry->first;
     TopNode.Key = TopNode.Path;
-    TopNode.Name = LastPart(TopNode.Path);
+    TopNode.Name = TopNode.Path.substr(nameStart);
     entry->second.Flag = 1;
     Fill(TopNode, entry->second);
 }
@@ -148,14 +148,17 @@ std::optional<Tree> FindSubtree(ISMBIOSProtocol& protocol, const std::string& pa
     protocol.SMBiosSearch(path, found);
     if (found.empty())
         return std::nullopt;
-    return std::make_optional<Tree>(std::move(found), path);
+    // The names of some leaves hold a slash themselves: their parents tell where they begin.
+    const bool isLeaf = found.at(path).NodeType == NODE_LEAF;
+    const std::size_t nameStart = isLeaf ? NearestPath(protocol, path).size() + 1 : path.rfind('/') + 1;
+    return std::make_optional<Tree>(std::move(found), path, nameStart);
 }
 
 Tree Subtree(ISMBIOSProtocol& protocol, const std::string& path)
 {
     std::optional<Tree> tree = FindSubtree(protocol, path);
     if (!tree)
-        throw Failure(Kind::UnknownPath, "nothing is at the path " + Visible(path) +
+        throw Failure(Kind::UnknownPath, "nothing is at the path \"" + Visible(path) + "\"" +
                                              "; see what is there with --path " +
                                              NearestPath(protocol, path));
     return *std::move(tree);

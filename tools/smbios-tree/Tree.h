@@ -31,8 +31,8 @@ struct Node {
 /// A node of an input's tree, with all below it.
 class Tree {
 public:
-    /// Takes what a search for the path of `top` found.
-    Tree(std::map<std::string, _XNode> found, const std::string& top);
+    /// Takes what a search for the path `top` found. The name of that node begins at `nameStart` of its path.
+    Tree(std::map<std::string, _XNode> found, const std::string& top, std::size_t nameStart);
     Tree(Tree&&) = default;
     Tree& operator=(Tree&&) = default;
 
