@@ -28,20 +28,23 @@ void CMySemLock::ReleaseSymLock(_MY_LOCK lock)
 
 namespace OS::Driver {
 
+constexpr unsigned long SegmentAddress = 0xF0000;
+constexpr unsigned char NothingThere = 0xFF;
+
 void MemMapDriverImpl::Map(unsigned long address, unsigned int length, MappingOwner* out)
 {
     FakeSystem::Machine& machine = FakeSystem::TheMachine;
     if (machine.FailingMap != 0 && --machine.FailingMap == 0)
         throw ResultStatus(RESULT_MAPPING_FAILED, "refused", "", XCOMMAND_NONE);
 
-    const bool isSegment = address == 0xF0000;
+    const bool isSegment = address == SegmentAddress;
     const FakeSystem::Bytes& bytes = isSegment ? machine.Segment : machine.Table;
-    const unsigned long start = isSegment ? address : machine.TableAddress;
+    const unsigned long offset = address - (isSegment ? SegmentAddress : machine.TableAddress);
     auto image = std::make_unique<unsigned char[]>(length);
-    for (unsigned int i = 0; i < length; ++i) {
-        const unsigned long offset = address + i - start;
-        image[i] =
-            offset < bytes.size() ? bytes[offset] : static_cast<unsigned char>(isSegment ? 0 : address + i);
+    std::fill_n(image.get(), length, NothingThere);
+    if (offset < bytes.size()) {
+        const std::size_t count = std::min<std::size_t>(length, bytes.size() - offset);
+        std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(offset), count, image.get());
     }
     *out = MappingOwner(new UnmapDeleter(image.get(), length));
     image.release();
@@ -58,8 +61,8 @@ unsigned long GetSystemFirmwareTable(unsigned long /*provider*/, unsigned long /
     const auto length = static_cast<unsigned long>(machine.Block.size());
     if (buffer == nullptr && machine.QueriedSize != 0)
         return machine.QueriedSize;
-    if (buffer != nullptr)
-        std::copy_n(machine.Block.begin(), std::min(size, length), buffer);
+    if (buffer != nullptr && size >= length)
+        std::copy(machine.Block.begin(), machine.Block.end(), buffer);
     return length;
 }
 

@@ -14,8 +14,8 @@ namespace FakeSystem {
 using TestImages::Bytes;
 
 struct Machine {
-    Bytes Segment;                  ///< physical memory from F0000h on; zeros behind it
-    std::uint32_t TableAddress = 0; ///< where Table stands; elsewhere, bytes are their addresses' low 8 bits
+    Bytes Segment;                  ///< physical memory from F0000h on
+    std::uint32_t TableAddress = 0; ///< where Table stands; all other memory reads as FFh
     Bytes Table;
     Bytes Block;                   ///< the firmware's block; empty: there is none
     unsigned long QueriedSize = 0; ///< what the firmware tells as its size; 0: the truth

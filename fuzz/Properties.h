@@ -1,0 +1,41 @@
+// What holds for every object, whatever bytes it came from. A property that does not hold ends the process.
+
+#pragma once
+
+#include "hostile/FakeSystem.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+using Protocol::SMBIOS::SMBIOSProtocolImpl;
+using TestImages::Bytes;
+
+using Tree = std::map<std::string, _XNode>;
+using ObjectOwner = std::unique_ptr<SMBIOSProtocolImpl>;
+
+/// Ends the process with `property` where it does not hold.
+void Require(bool holds, const char* property);
+
+/// The object that `make` gives, null where it refuses the bytes. Nothing may be thrown but what the library
+/// promises.
+ObjectOwner TryMake(const std::function<ObjectOwner()>& make);
+
+/// The object of FakeSystem::TheMachine, null where the bytes are refused. No lock stays behind.
+ObjectOwner TryMakeLive();
+
+/// The whole tree.
+Tree Everything(SMBIOSProtocolImpl& object);
+
+/// The tree without what only a live object reads: the SPD blocks.
+Tree WithoutBlocks(Tree tree);
+
+bool AreEqual(const Tree& left, const Tree& right);
+
+/// A number of the input's own, by which it is spread over tests that would be too slow all together.
+unsigned int ShareOf(const unsigned char* data, std::size_t size);
+
+/// Tests what holds for `object`, whose whole tree is `tree`, and for one share also its subtrees, its
+/// descents or its copies.
+void CheckObject(SMBIOSProtocolImpl& object, const Tree& tree, unsigned int share);

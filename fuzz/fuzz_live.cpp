@@ -1,0 +1,100 @@
+// The BIOS segment and the table to which it leads. The input:
+//
+//   offset  width  use
+//   0       1      bits 3:0 number of the Map call that fails, 0 none; bit 7 the checksum is made to hold
+//   1       2      where in the segment the rest stands, little-endian, modulo its length
+//   3              bytes of the segment; from 32 bytes on, bytes of the table too
+
+#include "Properties.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+constexpr std::size_t SegmentLength = 65'534;
+constexpr std::size_t ControlLength = 3;
+constexpr std::size_t TableOffset = 32;
+
+unsigned char* FirstAnchor(Bytes& segment)
+{
+    for (std::size_t offset = 0; offset + 28 <= segment.size(); offset += 4) {
+        if (std::equal(&segment[offset], &segment[offset + 4], "_SM_"))
+            return &segment[offset];
+    }
+    return nullptr;
+}
+
+FakeSystem::Machine MachineOf(const unsigned char* data, std::size_t size)
+{
+    FakeSystem::Machine machine;
+    machine.FailingMap = data[0] & 0xFU;
+    const std::size_t offset = static_cast<std::size_t>(data[1] | data[2] << 8) % SegmentLength;
+    const unsigned char* const rest = data + ControlLength;
+    const std::size_t length = size - ControlLength;
+
+    machine.Segment.assign(SegmentLength, 0xFF);
+    std::copy_n(rest, std::min(length, SegmentLength - offset), &machine.Segment[offset]);
+    machine.Table.assign(rest + std::min(length, TableOffset), rest + length);
+    if (unsigned char* const anchor = FirstAnchor(machine.Segment)) {
+        for (int i = 3; i >= 0; --i)
+            machine.TableAddress = machine.TableAddress << 8 | anchor[24 + i];
+        const std::size_t summed = std::min<std::size_t>(anchor[5], &machine.Segment.back() - anchor);
+        if ((data[0] & 0x80U) != 0)
+            anchor[4] = static_cast<unsigned char>(anchor[4] - std::accumulate(anchor, anchor + summed, 0U));
+    }
+    return machine;
+}
+
+unsigned long NumberAt(const Tree& tree, const std::string& path)
+{
+    const auto leaf = tree.find(path);
+    return leaf == tree.end() ? 0 : std::stoul(leaf->second.Items[0]);
+}
+
+void CheckLiveParts(SMBIOSProtocolImpl& object, const Tree& tree)
+{
+    unsigned int address = 1;
+    unsigned int size = 1;
+    object.GetBiosReservedMem(&address, &size);
+    Require(address == NumberAt(tree, "/SMBIOS/Type133/Address"), "the reserved address is its leaf's");
+    Require(size == NumberAt(tree, "/SMBIOS/Type133/Size"), "the reserved size is its leaf's");
+
+    const auto blocks = tree.find("/SMBIOS/Type132");
+    if (blocks == tree.end())
+        return;
+    for (const std::string& path : blocks->second.Items) {
+        const auto raw = tree.find(path + "/SPD_RAW");
+        const bool isComplete = tree.count(path + "/Address") == 1 && tree.count(path + "/Size") == 1;
+        Require((raw != tree.end()) == isComplete, "each block with an address and a size is read");
+        Require(!isComplete ||
+                    raw->second.Items[0].size() == 5 * std::min(NumberAt(tree, path + "/Size"), 512UL),
+                "a block's text has five characters a byte");
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
+{
+    if (size < ControlLength || size > 65'535)
+        return 0;
+    const FakeSystem::Machine machine = MachineOf(data, size);
+    FakeSystem::TheMachine = machine;
+    const ObjectOwner object = TryMakeLive();
+    if (object == nullptr)
+        return 0;
+    const Tree tree = Everything(*object);
+    const unsigned int share = ShareOf(data, size);
+    CheckObject(*object, tree, share);
+    CheckLiveParts(*object, tree);
+
+    FakeSystem::TheMachine = machine;
+    if (share % 2 == 0) {
+        Require(AreEqual(Everything(*TryMakeLive()), tree), "the same machine gives the same tree");
+    } else {
+        FakeSystem::ReadAgain(*object);
+        Require(AreEqual(Everything(*object), tree), "reading anew gives the same tree");
+    }
+    return 0;
+}
