@@ -52,9 +52,9 @@ struct Row {
 TEST(FirmwareBlock, LogsEachStepAndFailsWhereItStops)
 {
     const auto none = [] {};
-    const auto fetchFails = [](unsigned long error) {
-        return [error] {
-            TheMachine.FetchFails = true;
+    const auto fetchGives = [](unsigned long count, unsigned long error) {
+        return [count, error] {
+            TheMachine.FetchResult = count;
             TheMachine.SystemError = error;
         };
     };
@@ -67,8 +67,9 @@ TEST(FirmwareBlock, LogsEachStepAndFailsWhereItStops)
         {"one byte", 1, none, Fetched, failed, 1013},
         {"no block", 0, [] { TheMachine.SystemError = 2; }, Fetched, failed, 1013},
         {"no block and no reason", 0, none, Fetched, failed, 1013},
-        {"fetch fails", 4999, fetchFails(122), Fetched, failed, 1013},
-        {"fetch gives nothing without a reason", 4999, fetchFails(0), Copied, "", 1111},
+        {"fetch fails", 4999, fetchGives(0, 122), Fetched, failed, 1013},
+        {"fetch gives nothing without a reason", 4999, fetchGives(0, 0), Copied, "", 1111},
+        {"fetch gives less than it said", 4999, fetchGives(100, 122), Copied, "", 1111},
         {"no memory to fetch into", 4999, [] { TheMachine.RefusedCalloc = 4999; }, Queried,
          "Smbios Buffer allocation failed", 1006},
         {"no memory to keep it", 4999, [] { TheMachine.RefusedMalloc = 4999; }, ToldTotal, "", 1006},

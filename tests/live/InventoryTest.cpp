@@ -76,23 +76,29 @@ TEST(SpdDump, ReadsAtMost512BytesOfEachBlock)
                                   first + "/DimmSlot", first + "/Reserved", first + "/SPD_RAW"}));
 }
 
-// A structure without an address, and the table's last one, cut off in its size.
-TEST(SpdDump, PassesOverStructuresWithoutAddressOrSize)
+// The table ends in its last structure: first behind the address, then behind the header.
+class SpdDumpOfCutStructure : public testing::TestWithParam<bool> {};
+
+TEST_P(SpdDumpOfCutStructure, IsLeftOut)
 {
-    Bytes table = Structure(132, 1).Finished();
-    const Bytes whole = SpdBlock(2, 0x5000, 2).Finished();
-    table.insert(table.end(), whole.begin(), whole.end());
-    const Bytes cut = Structure(132, 3).Dword(0x6000).Word(2).Finished();
-    table.insert(table.end(), cut.begin(), cut.end() - 2);
+    const bool hasAddress = GetParam();
+    Bytes table = SpdBlock(1, 0x5000, 2).Finished();
+    Structure cut(132, 2);
+    if (hasAddress)
+        cut.Dword(0x6000);
+    const Bytes last = cut.Finished();
+    table.insert(table.end(), last.begin(), last.end());
     TheMachine.Memory[0x5000] = {0x92, 0x0B};
     TheMachine.PutTable(table);
     ASSERT_EQ(Create(), 0);
 
-    const auto isWithoutLeaf = [](const char* path) { return LiveLeaf(path) == "(no node)"; };
-    EXPECT_EQ(LiveLeaf("/SMBIOS/Type132[2]/SPD_RAW"), "0x92 0x0B ");
-    EXPECT_TRUE(isWithoutLeaf("/SMBIOS/Type132[3]/Size"));
-    EXPECT_TRUE(isWithoutLeaf("/SMBIOS/Type132[3]/SPD_RAW"));
+    EXPECT_EQ(LiveLeaf("/SMBIOS/Type132[1]/SPD_RAW"), "0x92 0x0B ");
+    EXPECT_EQ(LiveLeaf("/SMBIOS/Type132[2]/Address"), hasAddress ? "24576" : "(no node)");
+    EXPECT_EQ(LiveLeaf("/SMBIOS/Type132[2]/Size"), "(no node)");
+    EXPECT_EQ(LiveLeaf("/SMBIOS/Type132[2]/SPD_RAW"), "(no node)");
 }
+
+INSTANTIATE_TEST_SUITE_P(, SpdDumpOfCutStructure, testing::Bool());
 
 TEST(SpdDump, NeedsTheCatalogueOf27)
 {

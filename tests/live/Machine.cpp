@@ -99,8 +99,8 @@ unsigned long GetSystemFirmwareTable(unsigned long provider, unsigned long table
 {
     Record("firmware " + Hex(provider) + " " + std::to_string(table) + " " + std::to_string(size));
     const Bytes& block = TheMachine.FirmwareBlock;
-    if (buffer != nullptr && TheMachine.FetchFails)
-        return 0;
+    if (buffer != nullptr && TheMachine.FetchResult)
+        return *TheMachine.FetchResult;
     if (buffer != nullptr && size >= block.size())
         std::copy(block.begin(), block.end(), buffer);
     return static_cast<unsigned long>(block.size());

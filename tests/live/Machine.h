@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <exception>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,11 +26,11 @@ struct Machine {
 
     int FailingMap = 0; ///< number of the Map call that fails, from 1; 0: none
     std::exception_ptr MapFailure;
-    bool LockIsFree = true;          ///< false: the lock cannot be had
-    bool FetchFails = false;         ///< the size query still answers
-    unsigned long SystemError = 0;   ///< what GetLastError tells
-    std::size_t RefusedCalloc = ~0U; ///< calloc gives none of this size
-    std::size_t RefusedMalloc = ~0U; ///< malloc gives none of this size
+    bool LockIsFree = true;                   ///< false: the lock cannot be had
+    std::optional<unsigned long> FetchResult; ///< a fetch gives this and no bytes
+    unsigned long SystemError = 0;            ///< what GetLastError tells
+    std::size_t RefusedCalloc = ~0U;          ///< calloc gives none of this size
+    std::size_t RefusedMalloc = ~0U;          ///< malloc gives none of this size
 
     /// Each call of a service and each line of the log, in order:
     ///   lock NAME, unlock NAME, map ADDRESS LENGTH, firmware PROVIDER TABLE BUFFERSIZE,
