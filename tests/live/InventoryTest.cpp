@@ -1,4 +1,4 @@
-// What a live object has beyond the tree of an image: raw SPD data, and the range that the firmware keeps.
+// The raw SPD data that a live object reads from physical memory.
 
 #include "Machine.h"
 
@@ -99,54 +99,5 @@ TEST_P(SpdDumpOfCutStructure, IsLeftOut)
 }
 
 INSTANTIATE_TEST_SUITE_P(, SpdDumpOfCutStructure, testing::Bool());
-
-TEST(SpdDump, NeedsTheCatalogueOf27)
-{
-    const Bytes table = Table({SpdBlock(1, 0x5000, 2)});
-    TheMachine.PutTable(table, 2, 6);
-    ASSERT_EQ(Create(), 0);
-    EXPECT_EQ(TheMachine.Seen, Joined({Mapped(SegmentAddress, SegmentLength),
-                                       Mapped(TableAddress, static_cast<unsigned int>(table.size()))}));
-}
-
-struct ReservedRow {
-    const char* Name;
-    unsigned char Minor;
-    std::vector<Structure> Structures;
-    unsigned int Address;
-    unsigned int Size;
-};
-
-Structure Reserved(std::uint16_t handle, std::uint32_t address, std::uint32_t size)
-{
-    return Structure(133, handle).Dword(address).Dword(size);
-}
-
-class ReservedMemory : public testing::TestWithParam<ReservedRow> {};
-
-TEST_P(ReservedMemory, IsTheRangeOfTheTable)
-{
-    const ReservedRow& row = GetParam();
-    TheMachine.PutTable(Table(row.Structures), 2, row.Minor);
-    ASSERT_EQ(Create(), 0);
-
-    SMBIOSProtocolImpl& live = SMBIOSProtocolImpl::CreateInstance();
-    unsigned int address = 7;
-    unsigned int size = 7;
-    live.GetBiosReservedMem(nullptr, nullptr);
-    live.GetBiosReservedMem(&address, nullptr);
-    EXPECT_EQ(address, row.Address);
-    live.GetBiosReservedMem(nullptr, &size);
-    EXPECT_EQ(size, row.Size);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    , ReservedMemory,
-    testing::Values(ReservedRow{"Given", 7, {Reserved(1, 0x100000, 0x10000)}, 0x100000, 0x10000},
-                    ReservedRow{"Highest", 7, {Reserved(1, 0xFFFFFFFF, 0xFFFFFFFE)}, 0xFFFFFFFF, 0xFFFFFFFE},
-                    ReservedRow{"TheLaterOfTwo", 7, {Reserved(1, 1, 2), Reserved(2, 3, 4)}, 3, 4},
-                    ReservedRow{"NotInThisTable", 7, {}, 0, 0},
-                    ReservedRow{"NotInThisVersion", 6, {Reserved(1, 1, 2)}, 0, 0}),
-    [](const auto& test) { return std::string(test.param.Name); });
 
 } // namespace

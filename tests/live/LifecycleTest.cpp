@@ -2,107 +2,91 @@
 // give.
 
 #include "Machine.h"
+#include "support/SampleServer.h"
 #include "support/Tree.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <new>
 
 using Protocol::SMBIOS::SMBIOSProtocolImpl;
 using TestImages::Bytes;
-using TestImages::Structure;
+using TestImages::Dword;
+using TestImages::StructureOf;
 using TestImages::Table;
 
 namespace {
 
 constexpr std::uint32_t TableAddress = 0xE1235;
 
-// Some of everything: texts, a link, both inventories, and what the live routes add.
-Bytes SmallMachine()
+Bytes SampleTable()
 {
-    return Table({
-        Structure(0, 0)
-            .Text("Maker of firmware")
-            .Text("1.23")
-            .Word(0xF000)
-            .Text("01/02/2013")
-            .Byte(15)
-            .Qword(8),
-        Structure(1, 1).Text("Maker").Text("Machine").Fill(21, 0x5A),
-        Structure(2, 2).Text("Board maker").Text("Board").Fill(11),
-        Structure(4, 4).Text("CPU 1").Byte(3).Byte(0xB3).Fill(18, 0x41).Word(7).Word(7).Word(0xFFFF).Fill(8),
-        Structure(7, 7).Text("L1").Word(0x180).Word(32).Word(32).Fill(8, 2),
-        Structure(16, 16).Byte(3).Byte(3).Byte(3).Dword(0x1000000).Word(0xFFFE).Word(1),
-        Structure(17, 17)
-            .Word(16)
-            .Word(0xFFFE)
-            .Word(72)
-            .Word(64)
-            .Word(2048)
-            .Byte(9)
-            .Byte(0)
-            .Text("DIMM 1")
-            .Fill(10),
-        Structure(132, 132).Dword(0xFFF00000).Dword(3).Byte(0).Byte(0).Byte(0).Byte(0),
-        Structure(133, 133).Dword(0x100000).Dword(0x10000),
-    });
+    const std::size_t entryPointSize = TestImages::EntryPoint(2, 7).size();
+    Bytes table = TestImages::TwoSocketServer();
+    table.resize(table.size() - entryPointSize);
+    return table;
 }
 
-// The whole tree, without the leaves that physical memory alone can give.
-SearchResult WithoutSpd(SearchResult tree)
+using Texts = std::map<std::string, std::vector<std::string>>;
+
+// The paths of a tree with their items, but for the SPD data, which physical memory alone can give.
+Texts TextsWithoutSpd(const SearchResult& tree)
 {
-    const std::string name = "/SPD_RAW";
-    for (auto node = tree.begin(); node != tree.end();) {
-        std::vector<std::string>& items = node->second.Items;
-        if (!items.empty() && items.back() == node->first + name)
-            items.pop_back();
-        const bool isSpd = node->first.size() > name.size() &&
-                           node->first.compare(node->first.size() - name.size(), name.size(), name) == 0;
-        node = isSpd ? tree.erase(node) : std::next(node);
+    const auto isSpd = [](const std::string& path) { return path.find("/SPD_RAW") != std::string::npos; };
+    Texts texts;
+    for (const auto& [path, node] : tree) {
+        std::vector<std::string> items = node.Items;
+        items.erase(std::remove_if(items.begin(), items.end(), isSpd), items.end());
+        if (!isSpd(path))
+            texts[path + (node.NodeType == NODE_INNER ? " (inner)" : "")] = items;
     }
-    return tree;
-}
-
-std::map<std::string, std::vector<std::string>> Texts(const SearchResult& tree)
-{
-    std::map<std::string, std::vector<std::string>> texts;
-    for (const auto& [path, node] : tree)
-        texts[path + (node.NodeType == NODE_INNER ? " (inner)" : "")] = node.Items;
     return texts;
 }
 
-struct RouteRow {
+struct Route {
     bool IsBlock;
     unsigned char Major;
     unsigned char Minor;
 };
 
-class EveryRoute : public testing::TestWithParam<RouteRow> {};
+class EveryRoute : public testing::TestWithParam<Route> {};
 
-TEST_P(EveryRoute, GivesTheTreeOfTheImage)
+TEST_P(EveryRoute, GivesTheTreeOfTheImageAndTheReservedRange)
 {
     const auto [isBlock, major, minor] = GetParam();
-    const Bytes table = SmallMachine();
+    const Bytes table = SampleTable();
     if (isBlock)
         TheMachine.PutBlock(table, static_cast<std::uint32_t>(table.size()), major, minor);
     else
         TheMachine.PutTable(table, major, minor);
     ASSERT_EQ(Create(), 0);
+    SMBIOSProtocolImpl& live = SMBIOSProtocolImpl::CreateInstance();
     const std::size_t calls = TheMachine.Seen.size();
 
     Tree image(TestImages::Image(table, major, minor));
     EXPECT_EQ(TheMachine.Seen.size(), calls) << "an image is decoded without the machine";
     const SearchResult expected = image.Search("/SMBIOS");
-    const SearchResult live = Search(SMBIOSProtocolImpl::CreateInstance(), "/SMBIOS");
-    EXPECT_EQ(Texts(WithoutSpd(live)), Texts(expected));
-    EXPECT_EQ(live.size(), expected.size() + (major * 10 + minor >= 27 ? 1 : 0));
+    const SearchResult tree = Search(live, "/SMBIOS");
+    EXPECT_EQ(TextsWithoutSpd(tree), TextsWithoutSpd(expected));
+
+    const bool hasOemTypes = major * 10 + minor >= 27;
+    const std::size_t blocks = hasOemTypes ? expected.at("/SMBIOS/Type132").Items.size() : 0;
+    EXPECT_EQ(tree.size(), expected.size() + blocks) << "a leaf for each block of SPD data";
 
     unsigned int address = 7;
-    image.Object.GetBiosReservedMem(&address, nullptr);
+    unsigned int size = 7;
+    live.GetBiosReservedMem(nullptr, nullptr);
+    live.GetBiosReservedMem(&address, nullptr);
+    EXPECT_EQ(address, hasOemTypes ? 0x7F000000U : 0U);
+    live.GetBiosReservedMem(nullptr, &size);
+    EXPECT_EQ(size, hasOemTypes ? 0x01000000U : 0U);
+    image.Object.GetBiosReservedMem(&address, &size);
     EXPECT_EQ(address, 0U);
+    EXPECT_EQ(size, 0U);
 }
 
-constexpr RouteRow Routes[] = {
+constexpr Route Routes[] = {
     {false, 2, 3}, {false, 2, 4}, {false, 2, 5}, {false, 2, 6}, {false, 2, 7}, {false, 2, 8}, {false, 3, 0},
     {true, 2, 3},  {true, 2, 4},  {true, 2, 5},  {true, 2, 6},  {true, 2, 7},  {true, 2, 8},  {true, 3, 0},
 };
@@ -112,18 +96,25 @@ INSTANTIATE_TEST_SUITE_P(, EveryRoute, testing::ValuesIn(Routes), [](const auto&
            std::to_string(test.param.Minor);
 });
 
-// Each mapping fails once, with the lock given back and the failure passed on; then nothing fails.
-TEST(CreateInstance, StartsOverAfterAFailureAndThenAnswersAtOnce)
-{
-    const Bytes table = SmallMachine();
-    TheMachine.PutTable(table);
-    const std::vector<Events> mappings = {Mapped(SegmentAddress, SegmentLength),
-                                          Mapped(TableAddress, static_cast<unsigned int>(table.size())),
-                                          Mapped(0xFFF00000, 3)};
-    const ResultStatus denied(RESULT_MAPPING_DENIED, "no way", "driver", _XCOMMAND(1));
+// A table for three mappings: the segment's, its own, and that of an SPD block.
+class ThreeMappings : public testing::Test {
+protected:
+    ThreeMappings() { TheMachine.PutTable(Contents, 2, 7, TableAddress); }
 
+    const Bytes Contents = Table({StructureOf(1, 1, "Maker", "Machine", Bytes(21)),
+                                  StructureOf(132, 2, Dword{0xFFF00000}, Dword{3}, Bytes(4)),
+                                  StructureOf(133, 3, Dword{0xFFFFFFFF}, Dword{0xFFFFFFFE})});
+    const std::vector<Events> Mappings = {Mapped(SegmentAddress, SegmentLength),
+                                          Mapped(TableAddress, static_cast<unsigned int>(Contents.size())),
+                                          Mapped(0xFFF00000, 3)};
+};
+
+// Each fails, with the lock given back and the failure passed on; then none fails.
+TEST_F(ThreeMappings, FailAndTheNextObjectStartsOver)
+{
+    const ResultStatus denied(RESULT_MAPPING_DENIED, "no way", "driver", _XCOMMAND(1));
     for (int site = 1; site <= 3; ++site) {
-        const Events expected = Joined({mappings.begin(), mappings.begin() + site});
+        const Events expected = Joined({Mappings.begin(), Mappings.begin() + site});
         TheMachine.MapFailure = std::make_exception_ptr(denied);
         TheMachine.FailingMap = site;
         TheMachine.Seen.clear();
@@ -147,67 +138,36 @@ TEST(CreateInstance, StartsOverAfterAFailureAndThenAnswersAtOnce)
 
     TheMachine.Seen.clear();
     SMBIOSProtocolImpl& first = SMBIOSProtocolImpl::CreateInstance();
-    EXPECT_EQ(TheMachine.Seen, Joined(mappings));
+    EXPECT_EQ(TheMachine.Seen, Joined(Mappings));
     TheMachine.Seen.clear();
     EXPECT_EQ(&SMBIOSProtocolImpl::CreateInstance(), &first);
     EXPECT_EQ(LiveLeaf("/SMBIOS/Type1/Manufacturer"), "Maker");
-    EXPECT_EQ(TheMachine.Seen, Events());
+    unsigned int address = 0;
+    unsigned int size = 0;
+    first.GetBiosReservedMem(&address, &size);
+    EXPECT_EQ(address, 0xFFFFFFFFU);
+    EXPECT_EQ(size, 0xFFFFFFFEU);
+    EXPECT_EQ(TheMachine.Seen, Events()) << "a finished object answers by itself";
 }
 
-// A failure behind the firmware block releases it; the next object has a block of its own.
-TEST(CreateInstance, StartsOverOnTheFirmwareBlockToo)
+TEST_F(ThreeMappings, AreTracedOnDemandEachBeforeItsLock)
 {
-    const Bytes table = SmallMachine();
-    const auto length = static_cast<std::uint32_t>(table.size());
-    TheMachine.PutBlock(table, length);
-    TheMachine.MapFailure =
-        std::make_exception_ptr(ResultStatus(RESULT_MAPPING_FAILED, "", "", XCOMMAND_NONE));
-    TheMachine.FailingMap = 2; // the SPD block's
-    EXPECT_EQ(Create(), RESULT_MAPPING_FAILED);
-    EXPECT_EQ(Create(), 0);
-    EXPECT_EQ(LiveLeaf("/SMBIOS/Type1/Manufacturer"), "Maker");
-}
-
-TEST(MappingLock, IsTracedOnDemandBeforeItIsTaken)
-{
-    const Bytes table = SmallMachine();
-    TheMachine.PutTable(table);
     LOGGER::Logger::CreateInstance().TraceLocks = true;
     ASSERT_EQ(Create(), 0);
-
     const auto trace = [](const std::string& function) {
         return Events{Logged(function, "Locking at .\\SMBIOSProtocolImpl: "
                                        "Protocol::SMBIOS::SMBIOSProtocolImpl::" +
                                            function + ": LINE")};
     };
-    EXPECT_EQ(TheMachine.Seen, Joined({trace("GetSMBiosEntryPtr"), Mapped(SegmentAddress, SegmentLength),
-                                       trace("GetSMBiosEntryPtr"),
-                                       Mapped(TableAddress, static_cast<unsigned int>(table.size())),
-                                       trace("DumpMemorySPD"), Mapped(0xFFF00000, 3)}));
+    EXPECT_EQ(TheMachine.Seen, Joined({trace("GetSMBiosEntryPtr"), Mappings[0], trace("GetSMBiosEntryPtr"),
+                                       Mappings[1], trace("DumpMemorySPD"), Mappings[2]}));
 }
 
-TEST(MappingLock, IsNoConditionForTheWork)
+TEST_F(ThreeMappings, GoOnWithoutALock)
 {
-    TheMachine.PutTable(SmallMachine());
     TheMachine.LockIsFree = false;
     EXPECT_EQ(Create(), 0);
-    EXPECT_EQ(TheMachine.Seen.size(), 9U) << "three mappings, each between taking and giving back";
-}
-
-TEST(LiveObject, LeavesItsMappingsToItsCopyAndStillAnswers)
-{
-    TheMachine.PutTable(SmallMachine());
-    ASSERT_EQ(Create(), 0);
-    SMBIOSProtocolImpl& live = SMBIOSProtocolImpl::CreateInstance();
-    const SearchResult before = Search(live, "/SMBIOS");
-    {
-        SMBIOSProtocolImpl copy(live);
-        EXPECT_EQ(Texts(Search(copy, "/SMBIOS")), Texts(before));
-        unsigned int address = 0;
-        copy.GetBiosReservedMem(&address, nullptr);
-        EXPECT_EQ(address, 0x100000U);
-    }
-    EXPECT_EQ(Texts(Search(live, "/SMBIOS")), Texts(before));
+    EXPECT_EQ(TheMachine.Seen, Joined(Mappings));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 // The files behind the lock on Linux, in folders where strangers can write.
 
 #include "Holder.h"
-#include "LockName.h"
 #include "SMBIOSProtocol/Logger.h"
 #include "services/CMySemLock.h"
 

@@ -1,7 +1,6 @@
 // The named lock of the system, between threads and between real processes.
 
 #include "Holder.h"
-#include "LockName.h"
 #include "SMBIOSProtocol/Logger.h"
 #include "services/CMySemLock.h"
 
@@ -9,7 +8,6 @@
 
 #include <atomic>
 #include <chrono>
-#include <cstdio>
 #include <future>
 #include <thread>
 #include <vector>
@@ -69,7 +67,7 @@ TEST_F(Lock, ExcludesTheThreadsOfOneProcess)
 
 TEST_F(Lock, ExcludesAnotherProcessUntilItGivesTheLockBack)
 {
-    Holder other(Name.Text);
+    Holder other(Name);
     std::future<int> taking = TakeAside();
     EXPECT_TRUE(Waits(taking));
     other.GiveBack();
@@ -78,26 +76,17 @@ TEST_F(Lock, ExcludesAnotherProcessUntilItGivesTheLockBack)
 
 TEST_F(Lock, IsFreedByTheDeathOfItsHolder)
 {
-    Holder other(Name.Text);
+    Holder other(Name);
     std::future<int> taking = TakeAside();
     EXPECT_TRUE(Waits(taking));
     other.Kill();
     EXPECT_TRUE(Arrives(taking));
 
-    Holder next(Name.Text);
+    Holder next(Name);
     taking = TakeAside();
     EXPECT_TRUE(Waits(taking)) << "the lock is whole again";
     next.GiveBack();
     EXPECT_TRUE(Arrives(taking));
-}
-
-TEST_F(Lock, OfOneNameLeavesOthersAlone)
-{
-    Holder other(Name.Text);
-    const LockName another;
-    _MY_LOCK lock;
-    EXPECT_EQ(CMySemLock::AcquireSymLock(lock, another.Text.c_str()), 0);
-    CMySemLock::ReleaseSymLock(lock);
 }
 
 TEST_F(Lock, IsGivenUpAfterAWhileWithALineInTheLog)
@@ -105,7 +94,7 @@ TEST_F(Lock, IsGivenUpAfterAWhileWithALineInTheLog)
     std::vector<std::string> lines;
     LOGGER::Logger::CreateInstance().SetSink(
         [&](const LOGGER::LogLine& line) { lines.push_back(line.Message); });
-    Holder other(Name.Text);
+    Holder other(Name);
     _MY_LOCK lock;
     EXPECT_NE(CMySemLock::AcquireSymLock(lock, Name.Text.c_str()), 0);
     CMySemLock::ReleaseSymLock(lock);
@@ -116,23 +105,11 @@ TEST_F(Lock, IsGivenUpAfterAWhileWithALineInTheLog)
 
 } // namespace
 
-int Holder::Main(const char* name)
-{
-    _MY_LOCK lock;
-    if (CMySemLock::AcquireSymLock(lock, name) != 0)
-        return 1;
-    std::puts("taken");
-    std::fflush(stdout);
-    while (std::getchar() != EOF)
-        continue;
-    CMySemLock::ReleaseSymLock(lock);
-    return 0;
-}
-
 int main(int count, char* arguments[])
 {
     if (count == 3 && std::string(arguments[1]) == "hold")
         return Holder::Main(arguments[2]);
+    Holder::Program = arguments[0];
     testing::InitGoogleTest(&count, arguments);
     return RUN_ALL_TESTS();
 }
