@@ -97,8 +97,9 @@ constexpr bool RowsRise(const Table& table)
     return true;
 }
 
-/// Whether each field begins where the one before it ends, the first right behind the structure's header, and has
-/// its rows in order: a reader moves over the structure by the widths alone, and looks rows up by halving.
+/// Whether each field begins where the one before it ends, the first right behind the structure's header, and
+/// has its rows in order: a reader moves over the structure by the widths alone, and looks rows up by
+/// halving.
 template <std::size_t N>
 constexpr bool IsWellFormed(const Field (&fields)[N])
 {

@@ -39,7 +39,7 @@ std::string SMBIOSProtocolImpl::CalculateIPMISpecRev(int value)
 // In kilobytes.
 std::string SMBIOSProtocolImpl::CalculateBIOSRomSize(int value)
 {
-    return ConvertIntToString((static_cast<unsigned int>(value) + 1) * 64);
+    return ConvertIntToString((static_cast<unsigned long long>(value) + 1) * 64);
 }
 
 // `text` is 32 hexadecimal digits in the order of the bytes.

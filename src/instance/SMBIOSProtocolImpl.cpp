@@ -71,7 +71,9 @@ SMBIOSProtocolImpl::SMBIOSProtocolImpl(SMBIOSProtocolImpl& source)
       SubTypeLinks(source.SubTypeLinks), ValidSubTypes(source.ValidSubTypes),
       RawTableBuffer(source.RawTableBuffer), TypeTables(source.TypeTables), Store(source.Store)
 {
+    // cppcheck-suppress useInitializationList
     EntryMapping = source.EntryMapping;
+    // cppcheck-suppress useInitializationList
     TableMapping = source.TableMapping;
 }
 

@@ -27,6 +27,7 @@ void SMBIOSProtocolImpl::InitBiosReservedMem()
     ReservedMemSize = NumberIn(FindNode("/SMBIOS/Type133/Size"));
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): the public signature is not const
 void SMBIOSProtocolImpl::GetBiosReservedMem(unsigned int* address, unsigned int* size)
 {
     if (address != nullptr)

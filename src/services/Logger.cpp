@@ -35,6 +35,7 @@ void Logger::SetSink(Sink sink)
     CurrentSink = sink ? std::make_shared<const Sink>(std::move(sink)) : nullptr;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the log service takes the file by value
 void Logger::Log(int level, std::string file, const char* function, int line, const char* format, ...)
 {
     if (!HasSink)

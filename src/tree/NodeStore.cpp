@@ -10,7 +10,7 @@ namespace Protocol::SMBIOS {
 
 namespace {
 
-constexpr std::size_t LargestBlock = 256 * 1024;
+constexpr std::size_t LargestBlock = std::size_t{256} * 1024;
 
 // The first eight characters as a number that orders like them.
 std::uint64_t StartOf(std::string_view text)
