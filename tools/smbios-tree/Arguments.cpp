@@ -8,11 +8,13 @@
 #include <cstdlib>
 #include <iostream>
 #include <map>
+#include <utility>
 
 namespace SmbiosTree {
 
 namespace {
 
+constexpr int Done = 0;
 constexpr int Failed = 1;
 constexpr int WrongUsage = 2;
 
@@ -43,39 +45,24 @@ CLI::IsMember OneOf(const std::map<std::string, Value>& table)
     return CLI::IsMember(words);
 }
 
-// What the options alone cannot say.
-std::string Contradiction(const Arguments& arguments)
+// The options that are words until all of them are known.
+struct Words {
+    std::string ReadAs;
+    std::string Colours = "auto";
+    std::map<Output, bool> Outputs;
+};
+
+constexpr const char* Footer =
+    R"(An INPUT is a table image (the table, with a 32-bit entry point behind it), a dump
+(an entry point, and the table at offset 32), a folder with the files
+smbios_entry_point and DMI, or "-" for standard input. Without an INPUT, the tree
+is the running machine's.
+
+Exit status: 0, or 1 where an input failed, 2 for wrong usage. With --diff: 0 where
+the trees are the same, 1 where they differ, 2 for trouble.)";
+
+void AddOptions(CLI::App& app, Arguments& arguments, Words& words)
 {
-    const std::size_t count = arguments.Inputs.size();
-    if (arguments.Output == Output::Diff && count != 2)
-        return "--diff needs two inputs";
-    if (arguments.Output != Output::Diff && arguments.Output != Output::JsonLines && count > 1)
-        return "several inputs need --jsonl, or --diff for two";
-    if (arguments.ReadAs && count == 0)
-        return "--read-as needs an input; on Linux, /sys/firmware/dmi/tables is the running machine's";
-    return {};
-}
-
-constexpr const char* Footer = "An INPUT is a table image (the table, with a 32-bit entry point behind it), "
-                               "a dump (an entry point, and\n"
-                               "the table at offset 32), a folder with the files smbios_entry_point and DMI, "
-                               "or \"-\" for standard input.\n"
-                               "Without an INPUT, the tree is the running machine's.\n\n"
-                               "Exit status: 0, or 1 where an input failed, 2 for wrong usage. With --diff: "
-                               "0 where the trees are the same,\n"
-                               "1 where they differ, 2 for trouble.";
-
-} // namespace
-
-std::optional<Arguments> ParseArguments(std::vector<std::string> words, int& status)
-{
-    Arguments arguments;
-    arguments.Path = RootPath;
-    std::string readAs;
-    std::string colours = "auto";
-    std::map<Output, bool> outputs;
-
-    CLI::App app("Shows a machine's SMBIOS data as a tree of named values.", "smbios-tree");
     app.set_version_flag("--version", "smbios-tree " SMBIOS_TREE_VERSION, "Print the version and exit");
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.footer(Footer);
@@ -83,55 +70,82 @@ std::optional<Arguments> ParseArguments(std::vector<std::string> words, int& sta
     app.add_option("INPUT", arguments.Inputs, "Where to read the table from");
     app.add_option("--path", arguments.Path, "Show the subtree at this path alone, such as /SMBIOS/Type17[1]")
         ->type_name("PATH");
-    app.add_option("--read-as", readAs,
+    app.add_option("--read-as", words.ReadAs,
                    "Read the table as this version, whatever its own: 3.0 for a newer one")
         ->type_name("VERSION")
         ->check(OneOf(Versions));
-    app.add_flag("--flat", outputs[Output::Flat], "Print a line \"path = value\" for each value");
-    app.add_flag("--json", outputs[Output::Json], "Print a JSON document");
-    app.add_flag("--jsonl", outputs[Output::JsonLines], "Print a JSON document of one line for each input");
-    app.add_flag("--html", outputs[Output::Html], "Print a page for the browser");
-    app.add_flag("--diff", outputs[Output::Diff], "Print what changed from the first input to the second");
-    app.add_option("--color", colours, "Colour the output: auto, always or never")
+    app.add_flag("--flat", words.Outputs[Output::Flat], "Print a line \"path = value\" for each value");
+    app.add_flag("--json", words.Outputs[Output::Json], "Print a JSON document");
+    app.add_flag("--jsonl", words.Outputs[Output::JsonLines],
+                 "Print a JSON document of one line for each input");
+    app.add_flag("--html", words.Outputs[Output::Html], "Print a page for the browser");
+    app.add_flag("--diff", words.Outputs[Output::Diff],
+                 "Print what changed from the first input to the second");
+    app.add_option("--color", words.Colours, "Colour the output: auto, always or never")
         ->type_name("WHEN")
         ->check(OneOf(ColourWords));
     app.add_flag("--log", arguments.ShowLog, "Show the library's log on standard error");
+}
 
+void Interpret(const Words& words, Arguments& arguments)
+{
+    for (const auto& [output, isWanted] : words.Outputs) {
+        if (!isWanted)
+            continue;
+        if (arguments.Output != Output::Indented)
+            throw CLI::ValidationError("only one of --flat, --json, --jsonl, --html and --diff is possible");
+        arguments.Output = output;
+    }
+    if (!words.ReadAs.empty())
+        arguments.ReadAs = Versions.at(words.ReadAs);
+    arguments.Style.HasColours = UseColours(ColourWords.at(words.Colours));
+}
+
+// What the options alone cannot say.
+void CheckInputs(const Arguments& arguments)
+{
+    const std::size_t count = arguments.Inputs.size();
+    if (arguments.Output == Output::Diff && count != 2)
+        throw CLI::ValidationError("--diff needs two inputs");
+    if (arguments.Output != Output::Diff && arguments.Output != Output::JsonLines && count > 1)
+        throw CLI::ValidationError("several inputs need --jsonl, or --diff for two");
+    if (arguments.ReadAs && count == 0)
+        throw CLI::ValidationError(
+            "--read-as needs an input; on Linux, /sys/firmware/dmi/tables is the running machine's");
+}
+
+// Prints the help or the version. Gives the exit status.
+int Answer(const CLI::App& app, const CLI::Success& question)
+{
+    app.exit(question, std::cout, std::cerr);
+    if (std::cout.flush())
+        return Done;
+    std::cerr << "smbios-tree: standard output: it cannot be written; the output is not complete\n";
+    return Failed;
+}
+
+} // namespace
+
+std::optional<Arguments> ParseArguments(std::vector<std::string> line, int& status)
+{
+    Arguments arguments;
+    arguments.Path = RootPath;
+    Words words;
+    CLI::App app("Shows a machine's SMBIOS data as a tree of named values.", "smbios-tree");
+    AddOptions(app, arguments, words);
     try {
-        std::reverse(words.begin(), words.end());
-        app.parse(words);
-    } catch (const CLI::Success& success) {
-        status = app.exit(success, std::cout, std::cerr);
-        if (!std::cout.flush()) {
-            std::cerr << "smbios-tree: standard output: it cannot be written; the output is not complete\n";
-            status = Failed;
-        }
-        return std::nullopt;
+        std::reverse(line.begin(), line.end()); // as the parser takes it
+        app.parse(std::move(line));
+        Interpret(words, arguments);
+        CheckInputs(arguments);
+        return arguments;
+    } catch (const CLI::Success& question) {
+        status = Answer(app, question);
     } catch (const CLI::ParseError& error) {
         std::cerr << "smbios-tree: " << error.what() << "; see smbios-tree --help\n";
         status = WrongUsage;
-        return std::nullopt;
     }
-
-    std::size_t wantedOutputs = 0;
-    for (const auto& [output, isWanted] : outputs) {
-        if (isWanted) {
-            arguments.Output = output;
-            ++wantedOutputs;
-        }
-    }
-    if (!readAs.empty())
-        arguments.ReadAs = Versions.at(readAs);
-    arguments.Style.HasColours = UseColours(ColourWords.at(colours));
-    const std::string contradiction =
-        wantedOutputs > 1 ? "only one of --flat, --json, --jsonl, --html and --diff is possible"
-                          : Contradiction(arguments);
-    if (!contradiction.empty()) {
-        std::cerr << "smbios-tree: " << contradiction << "; see smbios-tree --help\n";
-        status = WrongUsage;
-        return std::nullopt;
-    }
-    return arguments;
+    return std::nullopt;
 }
 
 } // namespace SmbiosTree

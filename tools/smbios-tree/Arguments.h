@@ -24,6 +24,6 @@ struct Arguments {
 
 /// Reads the arguments. Where they ask for help or the version, or are wrong, says so on the right stream and
 /// gives nothing, but the exit status in `status`.
-std::optional<Arguments> ParseArguments(std::vector<std::string> arguments, int& status);
+std::optional<Arguments> ParseArguments(std::vector<std::string> line, int& status);
 
 } // namespace SmbiosTree

@@ -30,6 +30,11 @@ public:
     const char* const Code; ///< one of Kind
 };
 
+inline Failure OutOfMemory()
+{
+    return {Kind::OutOfMemory, "there is not enough memory for the tree; free some and try again"};
+}
+
 /// The output could not be written: a full disk, a closed pipe.
 class OutputFailure : public std::runtime_error {
 public:

@@ -51,7 +51,7 @@ std::string_view TitleOf(const Node& node)
     const std::string_view root = RootPath;
     if (node.Path.substr(0, root.size()) != root)
         return {};
-    const auto title = std::find_if(std::begin(Titles), std::end(Titles), [&](const Title& candidate) {
+    const auto* const title = std::find_if(std::begin(Titles), std::end(Titles), [&](const Title& candidate) {
         return node.Path.substr(root.size()) == candidate.Key;
     });
     return title == std::end(Titles) ? std::string_view() : title->Text;

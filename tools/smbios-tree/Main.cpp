@@ -92,6 +92,9 @@ std::string Line(const Input& input, const Arguments& arguments, int& status)
     } catch (const Failure& failure) {
         status = Failed;
         return JsonLine(input, failure);
+    } catch (const std::bad_alloc&) {
+        status = Failed;
+        return JsonLine(input, OutOfMemory());
     }
 }
 
@@ -149,7 +152,7 @@ int RunGuarded(const Arguments& arguments)
     } catch (const OutputFailure& failure) {
         Complain("standard output", failure.what());
     } catch (const std::bad_alloc&) {
-        Complain("standard output", "there is not enough memory for the report; free some and try again");
+        Complain("standard output", OutOfMemory().what());
     }
     return arguments.Output == Output::Diff ? DiffTrouble : Failed;
 }

@@ -54,7 +54,7 @@ struct Character {
 Character FirstCharacter(std::string_view text)
 {
     const auto lead = static_cast<unsigned char>(text.front());
-    const auto form = std::find_if(std::begin(Forms), std::end(Forms), [&](const Utf8Form& candidate) {
+    const auto* const form = std::find_if(std::begin(Forms), std::end(Forms), [&](const Utf8Form& candidate) {
         return (lead & candidate.Mask) == candidate.Lead;
     });
     if (form == std::end(Forms) || text.size() < form->Length)

@@ -138,7 +138,7 @@ std::shared_ptr<ISMBIOSProtocol> Open(const std::optional<std::string>& input, s
                       "its tree would be too large, which no real machine's is; the table is "
                       "damaged or made to do harm");
     } catch (const std::bad_alloc&) {
-        throw Failure(Kind::OutOfMemory, "there is not enough memory for its tree; free some and try again");
+        throw OutOfMemory();
     }
 }
 
