@@ -47,11 +47,14 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/SMBIOSProtocol.pc.in ${PROJECT_BINARY_D
 install(FILES ${PROJECT_BINARY_DIR}/SMBIOSProtocol.pc
     DESTINATION ${SMBIOSPROTOCOL_PKGCONFIG_DIR} COMPONENT development)
 
-# MinGW-w64's own runtime, beside the library: Windows has none.
+# MinGW-w64's own runtime, beside the library: Windows has none. Debian's comes with its debugging symbols.
 if(MINGW)
+    file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/runtime)
     foreach(runtime libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
         execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${runtime}
             OUTPUT_VARIABLE runtime_file OUTPUT_STRIP_TRAILING_WHITESPACE)
-        install(FILES ${runtime_file} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library)
+        execute_process(COMMAND ${CMAKE_STRIP} -o ${PROJECT_BINARY_DIR}/runtime/${runtime} ${runtime_file})
+        install(FILES ${PROJECT_BINARY_DIR}/runtime/${runtime}
+            DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library)
     endforeach()
 endif()
