@@ -68,6 +68,8 @@ std::string Report(Protocol::SMBIOS::ISMBIOSProtocol& protocol, const std::strin
     case Output::Json:
         return Json(tree.Top());
     case Output::Html:
+        if (arguments.Path == RootPath)
+            return Html(tree.Top(), tree.Top(), name);
         return Html(Subtree(protocol, RootPath).Top(), tree.Top(), name);
     default:
         return Indented(tree.Top(), arguments.Style);
