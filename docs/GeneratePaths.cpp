@@ -1,12 +1,12 @@
 // Prints docs/paths.md: every path that a caller can ask for, and every text that can stand there.
 //
 // Fields and texts come from the built catalogues of all revisions. What a packed field turns into is found
-// by decoding images that hold it; the words about it stand in paths_words.h, and the program fails where
+// by decoding images that hold it; the words about it stand in PathsWords.h, and the program fails where
 // they do not fit what the library does.
 
+#include "PathsWords.h"
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "catalogue/Catalogue.h"
-#include "paths_words.h"
 #include "support/Image.h"
 
 #include <algorithm>
