@@ -14,15 +14,19 @@ namespace {
 
 using Results = std::map<std::string, _XNode>;
 
+// A leaf can have children: those behind a link whose field a structure of the same handle then overwrote. It
+// shows its value alone.
 void CopyNode(const TreeNode& node, _XNode& copy)
 {
     copy.NodeType = node.IsLeaf ? NODE_LEAF : NODE_INNER;
     copy.Items.clear();
-    copy.Items.reserve(node.Children.size() + (node.IsLeaf ? 1 : 0));
-    if (node.IsLeaf)
+    if (node.IsLeaf) {
         copy.Items.emplace_back(node.Value);
-    for (const TreeNode* child : node.Children)
-        copy.Items.emplace_back(child->Path);
+    } else {
+        copy.Items.reserve(node.Children.size());
+        for (const TreeNode* child : node.Children)
+            copy.Items.emplace_back(child->Path);
+    }
     copy.Attributes.clear();
     copy.Flag = 0;
 }
