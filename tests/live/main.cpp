@@ -4,22 +4,40 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <iostream>
 #include <string>
+
+#if defined(_WIN32)
+#include <process.h>
+#endif
 
 namespace {
 
-int RunEachAlone(const std::string& program)
+bool RunAlone(const std::string& program, const std::string& test)
 {
-    int failed = 0;
+    const std::string filter = "--gtest_filter=" + test;
+#if defined(_WIN32)
+    return _spawnl(_P_WAIT, program.c_str(), "tests-live", "--gtest_brief=1", filter.c_str(), nullptr) == 0;
+#else
+    return std::system(("'" + program + "' --gtest_brief=1 " + filter).c_str()) == 0;
+#endif
+}
+
+bool RunEachAlone(const std::string& program)
+{
+    bool allPass = true;
     const testing::UnitTest& all = *testing::UnitTest::GetInstance();
     for (int i = 0; i < all.total_test_suite_count(); ++i) {
         const testing::TestSuite& suite = *all.GetTestSuite(i);
         for (int j = 0; j < suite.total_test_count(); ++j) {
             const std::string name = std::string(suite.name()) + "." + suite.GetTestInfo(j)->name();
-            failed += std::system((program + " --gtest_brief=1 --gtest_filter=" + name).c_str()) != 0;
+            if (!RunAlone(program, name)) {
+                std::cerr << "FAILED: " << name << std::endl;
+                allPass = false;
+            }
         }
     }
-    return failed;
+    return allPass;
 }
 
 } // namespace
@@ -28,6 +46,6 @@ int main(int count, char* arguments[])
 {
     testing::InitGoogleTest(&count, arguments);
     if (testing::GTEST_FLAG(filter) == "*" && !testing::GTEST_FLAG(list_tests))
-        return RunEachAlone(arguments[0]) == 0 ? 0 : 1;
+        return RunEachAlone(arguments[0]) ? 0 : 1;
     return RUN_ALL_TESTS();
 }

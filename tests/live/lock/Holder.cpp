@@ -7,6 +7,7 @@
 #include <fstream>
 #include <random>
 #include <stdexcept>
+#include <system_error>
 #include <thread>
 
 #if defined(_WIN32)
@@ -52,7 +53,8 @@ LockName::~LockName()
 Holder::Holder(const LockName& name) : Input(popen((Program + " hold " + name.Text).c_str(), "w"))
 {
     const auto giveUp = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    while (!std::filesystem::remove(SignOf(name.Text))) {
+    std::error_code inUse; // while the other process still writes it
+    while (!std::filesystem::remove(SignOf(name.Text), inUse)) {
         if (Input == nullptr || std::chrono::steady_clock::now() > giveUp)
             throw std::runtime_error("the other process did not take the lock");
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
