@@ -41,7 +41,7 @@ void CheckNodes(const Tree& tree)
     for (const auto& [path, node] : tree) {
         Require(node.Attributes.empty() && node.Flag == 0, "attributes and flag are not used");
         if (node.NodeType == NODE_LEAF) {
-            Require(node.Items.size() == 1, "a leaf has one value");
+            Require(!node.Items.empty(), "a leaf has a value");
             continue;
         }
         for (const std::string& child : node.Items) {

@@ -14,19 +14,18 @@ namespace {
 
 using Results = std::map<std::string, _XNode>;
 
-// A leaf can have children: those behind a link whose field a structure of the same handle then overwrote. It
-// shows its value alone.
+// A leaf can list children behind its value: two structures share a handle, and where the first has a link,
+// the second, decoded over it, has a plain value. What the link leads to is then listed there, and not
+// descended into.
 void CopyNode(const TreeNode& node, _XNode& copy)
 {
     copy.NodeType = node.IsLeaf ? NODE_LEAF : NODE_INNER;
     copy.Items.clear();
-    if (node.IsLeaf) {
+    copy.Items.reserve(node.Children.size() + (node.IsLeaf ? 1 : 0));
+    if (node.IsLeaf)
         copy.Items.emplace_back(node.Value);
-    } else {
-        copy.Items.reserve(node.Children.size());
-        for (const TreeNode* child : node.Children)
-            copy.Items.emplace_back(child->Path);
-    }
+    for (const TreeNode* child : node.Children)
+        copy.Items.emplace_back(child->Path);
     copy.Attributes.clear();
     copy.Flag = 0;
 }
