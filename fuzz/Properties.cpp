@@ -85,9 +85,14 @@ void CheckDescent(SMBIOSProtocolImpl& object, const Tree& tree)
 void CheckCopies(SMBIOSProtocolImpl& object, const Tree& tree, unsigned int order)
 {
     std::vector<ObjectOwner> copies;
-    for (int i = 0; i < 3; ++i) // each of the one before it
-        copies.push_back(std::make_unique<SMBIOSProtocolImpl>(i == 0 ? object : *copies.back()));
+    copies.reserve(3);
+    SMBIOSProtocolImpl* source = &object;
+    for (int i = 0; i < 3; ++i) { // each of the one before it
+        copies.push_back(std::make_unique<SMBIOSProtocolImpl>(*source));
+        source = copies.back().get();
+    }
     *copies[order % 3] = *copies[(order + 1) % 3];
+    // cppcheck-suppress selfAssignment ; it is one of the things that must do no harm
     *copies[0] = *copies[0];
     std::swap(copies[0], copies[order % 3]);
     while (!copies.empty()) {

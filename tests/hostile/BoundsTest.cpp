@@ -21,7 +21,7 @@ using Protocol::SMBIOS::TreeTooLarge;
 using MakeObject = std::function<std::unique_ptr<SMBIOSProtocolImpl>()>;
 
 constexpr std::size_t MaxMemory = 512U << 20;
-constexpr std::size_t MaxAllocations = 8U * TreeTooLarge::MaxWrites;
+constexpr std::size_t MaxAllocations = std::size_t{8} * TreeTooLarge::MaxWrites;
 
 struct Cost {
     bool IsRefused = false;
