@@ -14,7 +14,8 @@ void CheckEntryPointRoute(const Bytes& block, const Tree& tree)
 {
     const std::size_t claimed = static_cast<std::size_t>(block[4] | block[5] << 8);
     const std::size_t length = std::min(claimed, block.size() - HeaderSize);
-    const Bytes table(&block[HeaderSize], &block[HeaderSize] + length);
+    const auto start = block.begin() + HeaderSize;
+    const Bytes table(start, start + static_cast<std::ptrdiff_t>(length));
     FakeSystem::TheMachine = FakeSystem::Machine::WithEntryPoint(table, block[1], block[2]);
     const ObjectOwner object = TryMakeLive();
     Require(object != nullptr, "a table is accepted on both live routes");
