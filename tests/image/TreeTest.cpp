@@ -1,8 +1,8 @@
 // The form of the tree, and the structures decoded behind handles.
 
+#include "support/Tree.h"
 #include "Parts.h"
 #include "support/SampleServer.h"
-#include "support/Tree.h"
 
 #include <gtest/gtest.h>
 #include <set>
