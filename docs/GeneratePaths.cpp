@@ -76,7 +76,7 @@ std::string Hex(unsigned int value, int bytes)
     std::ostringstream text;
     text << std::hex << std::uppercase;
     text.fill('0');
-    text.width(2 * bytes);
+    text.width(std::streamsize{2} * bytes);
     text << value;
     return text.str() + "h";
 }
