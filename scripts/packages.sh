@@ -19,7 +19,7 @@ need_packages() {
         as_root=(sudo)
     fi
     echo "Installing: ${missing[*]}" >&2
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq >&2 || return 1
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq -o DPkg::Lock::Timeout=120 >&2 || return 1
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+        apt-get install -y -qq -o DPkg::Lock::Timeout=120 --no-install-recommends "${missing[@]}" >&2
 }
