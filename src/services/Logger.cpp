@@ -30,9 +30,10 @@ Logger& Logger::CreateInstance()
 
 void Logger::SetSink(Sink sink)
 {
+    auto replaced = sink ? std::make_shared<const Sink>(std::move(sink)) : nullptr;
     const std::lock_guard<std::mutex> guard(SinkMutex);
-    HasSink = static_cast<bool>(sink);
-    CurrentSink = sink ? std::make_shared<const Sink>(std::move(sink)) : nullptr;
+    HasSink = replaced != nullptr;
+    CurrentSink.swap(replaced); // the former goes once the guard has gone: its captures may log
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): the log service takes the file by value

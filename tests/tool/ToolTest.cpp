@@ -193,6 +193,10 @@ TEST_F(Tool, ReadsEveryFormOfInput)
     const auto size = static_cast<std::uint16_t>(table.size());
     const Bytes ep32 = TestImages::EntryPoint(2, 7, size);
     const Bytes ep64 = TestImages::EntryPoint64(3, 0, size);
+    Bytes counted30 = ep32; // as some firmware does, and the kernel then publishes it
+    counted30[0x05] = 30;
+    counted30[0x04] = static_cast<unsigned char>(counted30[0x04] + 1 + counted30.back());
+    counted30.pop_back();
     Put("image", TestImages::Image(table, 2, 7));
     Put("image-3.4", TestImages::Image(table, 3, 4));
     Put("dump-32", Padded(ep32) + table);
@@ -202,6 +206,8 @@ TEST_F(Tool, ReadsEveryFormOfInput)
     Put("dump-64-3.4", Padded(TestImages::EntryPoint64(3, 4, size)) + table);
     Put("folder-32/smbios_entry_point", ep32);
     Put("folder-32/DMI", table);
+    Put("folder-30/smbios_entry_point", counted30);
+    Put("folder-30/DMI", table);
     Put("folder-64/smbios_entry_point", ep64);
     Put("folder-64/DMI", table);
 
@@ -209,9 +215,9 @@ TEST_F(Tool, ReadsEveryFormOfInput)
     ASSERT_EQ(wanted.Status, 0) << wanted.Err;
     ASSERT_EQ(wanted.Out.rfind("SMBIOS\n  Type0\n  Type1\n    Manufacturer: Maker\n", 0), 0U) << wanted.Out;
     for (const char* const words :
-         {"dump-32", "dump-32-and-more", "dump-64", "dump-64-roomy", "folder-32", "folder-64/", "- <image",
-          "- <dump-64", "--read-as 3.0 image-3.4", "--read-as=2.7 dump-64-3.4", "--read-as 2.8 folder-32",
-          "--path /SMBIOS image"}) {
+         {"dump-32", "dump-32-and-more", "dump-64", "dump-64-roomy", "folder-32", "folder-30", "folder-64/",
+          "- <image", "- <dump-64", "--read-as 3.0 image-3.4", "--read-as=2.7 dump-64-3.4",
+          "--read-as 2.8 folder-32", "--path /SMBIOS image"}) {
         const Outcome outcome = Run(words);
         EXPECT_EQ(outcome.Status, 0) << words;
         EXPECT_EQ(outcome.Out, wanted.Out) << words;

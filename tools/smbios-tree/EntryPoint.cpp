@@ -59,9 +59,9 @@ EntryPoint ReadEntryPoint(const Bytes& bytes)
         throw Failure(Kind::NoEntryPoint,
                       "the entry point begins with neither \"_SM_\" nor \"_SM3_\"; take it "
                       "again from the machine");
-    if (bytes.size() < form->Size || bytes.size() < bytes[form->Length])
-        throw Failure(Kind::Truncated, "it ends within the entry point; take the dump again");
     // Some firmware counts one byte too few.
+    if (bytes.size() + 1 < form->Size || bytes.size() < bytes[form->Length])
+        throw Failure(Kind::Truncated, "it ends within the entry point; take the dump again");
     if (bytes[form->Length] + 1U < form->Size || Sum(bytes.data(), bytes[form->Length]) != 0)
         throw Failure(Kind::Damaged, "the checksum of the entry point is wrong; take the dump again");
 

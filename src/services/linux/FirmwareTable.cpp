@@ -45,9 +45,10 @@ bool ReadFile(const char* path, Bytes& bytes)
 // Writes major, minor and revision from the entry point. False where it has no known form.
 bool ReadVersion(const Bytes& entryPoint, unsigned char* version)
 {
-    if (entryPoint.size() > 0x1E && std::memcmp(entryPoint.data(), "_SM_", 4) == 0) {
+    if (entryPoint.size() > 0x07 && std::memcmp(entryPoint.data(), "_SM_", 4) == 0) {
         std::copy_n(&entryPoint[0x06], 2, version);
-        version[2] = entryPoint[0x1E];
+        // Some firmware counts one byte too few, and the kernel then leaves out the last, the revision.
+        version[2] = entryPoint.size() > 0x1E ? entryPoint[0x1E] : 0;
         return true;
     }
     if (entryPoint.size() > 0x09 && std::memcmp(entryPoint.data(), "_SM3_", 5) == 0) {

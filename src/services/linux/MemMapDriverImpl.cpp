@@ -89,9 +89,13 @@ int Copy(std::uint64_t address, unsigned int length, unsigned char* target)
         return errno;
     if (!S_ISCHR(status.st_mode))
         return ENODEV;
-    if (length == 0 || CopyMapped(device.Descriptor, address, length, target) == 0)
+    if (length == 0)
         return 0;
-    return CopyRead(device.Descriptor, address, length, target);
+    const int mapping = CopyMapped(device.Descriptor, address, length, target);
+    if (mapping == 0)
+        return 0;
+    const int reading = CopyRead(device.Descriptor, address, length, target);
+    return reading == EFAULT ? mapping : reading; // reading ends where the memory does
 }
 
 bool IsKeptAway(int error)
@@ -101,7 +105,7 @@ bool IsKeptAway(int error)
 
 bool IsSegment(std::uint64_t address, unsigned int length)
 {
-    return address >= SegmentStart && address + length <= SegmentEnd;
+    return address >= SegmentStart && address <= SegmentEnd && length <= SegmentEnd - address;
 }
 
 // Whether both published files are there, and as far as `mode` says open to this process.
@@ -120,7 +124,8 @@ Refusal RefusalFor(std::uint64_t address, unsigned int length, int error)
 {
     switch (error) {
     case EACCES:
-        return {RESULT_MAPPING_DENIED, "Run as root."};
+        return {RESULT_MAPPING_DENIED,
+                geteuid() == 0 ? "A policy of the system keeps it from root, too." : "Run as root."};
     case EPERM:
         return {RESULT_MAPPING_DENIED,
                 "The kernel refuses it: it is locked down (secure boot), keeps this range to itself, or the "
@@ -139,8 +144,11 @@ Refusal RefusalFor(std::uint64_t address, unsigned int length, int error)
         return {RESULT_MAPPING_UNAVAILABLE,
                 "There is no memory device here, as in a container: run on the machine itself, as root, or "
                 "give the container /dev/mem or /sys/firmware/dmi."};
-    default:
+    case EFAULT:
+    case EINVAL:
         return {RESULT_MAPPING_FAILED, "The firmware may have given a wrong address."};
+    default:
+        return {RESULT_MAPPING_FAILED, "The kernel's log may say more."};
     }
 }
 

@@ -1,12 +1,14 @@
 // The lock is a named mutex of the whole machine. One that its holder left behind, by dying, counts as taken.
 //
-// Every process can open it, so a stranger can sit on the lock. Waiting for it therefore ends after a while;
-// the work then goes on without it, since it only keeps mappings apart.
+// The user who made it and administrators can open it, and can sit on it. Waiting for it therefore ends after
+// a while; the work then goes on without it, since it only keeps mappings apart. A process that has waited in
+// vain does not wait again until it finds the lock free.
 
 #include "services/CMySemLock.h"
 
 #include "SMBIOSProtocol/Logger.h"
 
+#include <atomic>
 #include <string>
 #include <windows.h>
 
@@ -16,6 +18,8 @@ namespace {
 
 constexpr DWORD LongestWaitInMilliseconds = 10'000;
 
+std::atomic<bool> HasWaitedInVain{false};
+
 } // namespace
 
 int CMySemLock::AcquireSymLock(_MY_LOCK& lock, const char* name)
@@ -23,7 +27,8 @@ int CMySemLock::AcquireSymLock(_MY_LOCK& lock, const char* name)
     const HANDLE mutex = CreateMutexA(nullptr, FALSE, (std::string("Global\\") + name).c_str());
     DWORD error = mutex == nullptr ? GetLastError() : 0;
     if (mutex != nullptr) {
-        const DWORD outcome = WaitForSingleObject(mutex, LongestWaitInMilliseconds);
+        const DWORD outcome = WaitForSingleObject(mutex, HasWaitedInVain ? 0 : LongestWaitInMilliseconds);
+        HasWaitedInVain = outcome == WAIT_TIMEOUT;
         if (outcome == WAIT_OBJECT_0 || outcome == WAIT_ABANDONED) {
             lock.System = reinterpret_cast<std::intptr_t>(mutex);
             return 0;

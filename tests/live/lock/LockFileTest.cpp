@@ -7,8 +7,10 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -80,12 +82,29 @@ TEST(LockFile, MayBeOfAnotherKind)
 TEST(LockFile, IsOpenToEveryUserAndWritableByItsOwnerAlone)
 {
     const LockName name;
-    const mode_t before = umask(022);
+    const mode_t before = umask(077);
     EXPECT_EQ(Attempt(name.Text).Error, 0);
     umask(before);
     struct stat status = {};
     ASSERT_EQ(stat(name.FileIn(access(Folders[0], W_OK) == 0 ? Folders[0] : Folders[1]).c_str(), &status), 0);
     EXPECT_EQ(status.st_mode, S_IFREG | 0644U);
+}
+
+// A forked process has open what its parent has.
+TEST(LockFile, IsFreeOnceGivenBackWhateverWasForked)
+{
+    const LockName name;
+    _MY_LOCK lock;
+    ASSERT_EQ(CMySemLock::AcquireSymLock(lock, name.Text.c_str()), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        pause();
+        _exit(0);
+    }
+    CMySemLock::ReleaseSymLock(lock);
+    EXPECT_EQ(Attempt(name.Text).Error, 0);
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
 }
 
 } // namespace

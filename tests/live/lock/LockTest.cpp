@@ -98,9 +98,20 @@ TEST_F(Lock, IsGivenUpAfterAWhileWithALineInTheLog)
     _MY_LOCK lock;
     EXPECT_NE(CMySemLock::AcquireSymLock(lock, Name.Text.c_str()), 0);
     CMySemLock::ReleaseSymLock(lock);
+    std::future<int> again = TakeAside();
+    EXPECT_EQ(again.wait_for(5s), std::future_status::ready) << "a process waits in vain once";
+    EXPECT_NE(again.get(), 0);
     LOGGER::Logger::CreateInstance().SetSink(nullptr);
-    ASSERT_EQ(lines.size(), 1U);
+    ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].rfind("Going on without the lock " + Name.Text, 0), 0U) << lines[0];
+
+    other.GiveBack();
+    EXPECT_EQ(TakeAside().get(), 0);
+    Holder next(Name);
+    again = TakeAside();
+    EXPECT_TRUE(Waits(again)) << "once free, the lock is worth waiting for";
+    next.GiveBack();
+    EXPECT_TRUE(Arrives(again));
 }
 
 } // namespace
