@@ -127,7 +127,7 @@ Bytes Growing(int count)
 {
     std::vector<TestImages::Structure> structures;
     const int arrays = std::max(1, count / 10);
-    structures.reserve(static_cast<std::size_t>(count + arrays));
+    structures.reserve(static_cast<std::size_t>(count) + static_cast<std::size_t>(arrays));
     for (int i = 0; i < arrays; ++i)
         structures.push_back(TestImages::Structure(16, static_cast<std::uint16_t>(0x1000 + i))
                                  .Raw({3, 3, 6})

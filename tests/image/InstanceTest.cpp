@@ -129,7 +129,8 @@ TEST(Instance, ADerivedClassSeesEachDescent)
     EXPECT_EQ(Text(spy), ServerText());
 
     SearchResult nodes;
-    SMBIOSProtocolImpl(spy).SMBiosSearch("/SMBIOS", nodes);
+    SMBIOSProtocolImpl& base = spy;
+    SMBIOSProtocolImpl(base).SMBiosSearch("/SMBIOS", nodes);
     std::set<std::string> paths;
     for (const auto& entry : nodes)
         paths.insert(entry.first);

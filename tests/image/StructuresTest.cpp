@@ -102,7 +102,7 @@ TEST(Walk, InstancesStandInTableOrder)
     Tree tree(Image(table));
     const std::vector<std::string> devices = tree.Children("/SMBIOS/Type10");
     ASSERT_EQ(devices.size(), 1000U);
-    for (const std::size_t n : {1, 2, 3, 999, 1000}) {
+    for (const std::size_t n : {1U, 2U, 3U, 999U, 1000U}) {
         const std::string index = "[" + std::to_string(n) + "]";
         EXPECT_EQ(devices[n - 1], index);
         EXPECT_EQ(tree.Leaf("/SMBIOS/Type10" + index + "/DescriptionString"), "d" + std::to_string(n));

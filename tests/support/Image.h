@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <initializer_list>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace TestImages {
@@ -57,9 +58,10 @@ struct Qword {
     std::uint64_t Value;
 };
 
-inline void Append(Structure& structure, unsigned int byte)
+template <typename Number, std::enable_if_t<std::is_integral_v<Number>, int> = 0>
+void Append(Structure& structure, Number byte)
 {
-    structure.Byte(byte);
+    structure.Byte(static_cast<unsigned int>(byte));
 }
 inline void Append(Structure& structure, Word word)
 {

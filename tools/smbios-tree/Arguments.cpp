@@ -40,6 +40,7 @@ template <typename Value>
 CLI::IsMember OneOf(const std::map<std::string, Value>& table)
 {
     std::vector<std::string> words;
+    words.reserve(table.size());
     for (const auto& entry : table)
         words.push_back(entry.first);
     return CLI::IsMember(words);
