@@ -155,6 +155,18 @@ Subject Read(const std::string& path)
     return {path.substr(path.find_last_of('/') + 1), path, bytes};
 }
 
+// Subjects are told apart by their names: files of one name get their whole paths.
+void NameApart(std::vector<Subject>& subjects)
+{
+    std::map<std::string, int> count;
+    for (const Subject& subject : subjects)
+        ++count[subject.Name];
+    for (Subject& subject : subjects) {
+        if (count[subject.Name] > 1)
+            subject.Name = subject.Path;
+    }
+}
+
 // Collects the median time of each benchmark by name.
 class Medians : public benchmark::BenchmarkReporter {
 public:
@@ -242,6 +254,7 @@ int main(int argc, char** argv)
     const std::string tool = argv[1];
     for (int i = 2; i < argc; ++i)
         subjects.push_back(Read(argv[i]));
+    NameApart(subjects);
     std::vector<Subject> growing;
     for (const int count : {10, 100, 1000})
         growing.push_back({std::to_string(count + std::max(1, count / 10)), "", Growing(count)});
