@@ -1,8 +1,9 @@
 // Writes the seeds of the fuzzers: `fuzz_seeds FOLDER` fills FOLDER/image, FOLDER/live and FOLDER/firmware.
 
-#include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "hostile/HostileImages.h"
+#include "support/FakeSystem.h"
 #include "support/SampleServer.h"
+#include "support/Tree.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -12,20 +13,17 @@
 namespace {
 
 using TestImages::Bytes;
+using TestImages::Join;
 
 constexpr std::size_t LargestTree = 3'000; ///< a larger one slows a fuzzer down
 constexpr std::uint32_t TableAddress = 0xE0000;
 
-bool IsSmall(Bytes image)
+bool IsLarge(const Bytes& image)
 {
     try {
-        Protocol::SMBIOS::SMBIOSProtocolImpl object(image.data(), static_cast<unsigned short>(image.size()),
-                                                    "/SMBIOS");
-        std::map<std::string, _XNode> tree;
-        object.SMBiosSearch("/SMBIOS", tree);
-        return tree.size() <= LargestTree;
+        return Tree(image).Search("/SMBIOS").size() > LargestTree;
     } catch (const Protocol::SMBIOS::TreeTooLarge&) {
-        return false;
+        return true;
     }
 }
 
@@ -38,30 +36,20 @@ std::vector<Bytes> Images()
         images.push_back(family.Build(2));
     for (unsigned char minor = 3; minor <= 7; ++minor)
         images.push_back(TestImages::Image(HostileImages::FloodOfBlocks(20, 0), 2, minor));
-    const auto isLarge = [](const Bytes& image) { return !IsSmall(image); };
-    images.erase(std::remove_if(images.begin(), images.end(), isLarge), images.end());
+    images.erase(std::remove_if(images.begin(), images.end(), IsLarge), images.end());
     return images;
-}
-
-Bytes Joined(Bytes first, const Bytes& second)
-{
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
 }
 
 Bytes LiveInput(const Bytes& table)
 {
-    Bytes entryPoint = TestImages::EntryPoint(2, 7, static_cast<std::uint16_t>(table.size()), TableAddress);
-    entryPoint.push_back(0); // up to the table
-    return Joined(Joined({0x80, 0x10, 0}, entryPoint), table);
+    Bytes input = Join({0x80, 0x10, 0}, TestImages::EntryPoint(2, 7, table.size(), TableAddress));
+    input.push_back(0); // up to the table
+    return Join(input, table);
 }
 
 Bytes FirmwareInput(const Bytes& table)
 {
-    const std::size_t length = table.size();
-    return Joined(
-        {0, 0, 2, 7, 0, static_cast<unsigned char>(length), static_cast<unsigned char>(length >> 8), 0, 0},
-        table);
+    return Join({0}, FakeSystem::Machine::WithBlock(table).Block);
 }
 
 void Write(const std::filesystem::path& file, const Bytes& bytes)

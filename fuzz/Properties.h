@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "hostile/FakeSystem.h"
+#include "support/FakeSystem.h"
 
 #include <functional>
 #include <map>
@@ -22,14 +22,16 @@ void Require(bool holds, const char* property);
 /// promises.
 ObjectOwner TryMake(const std::function<ObjectOwner()>& make);
 
-/// The object of FakeSystem::TheMachine, null where the bytes are refused. No lock stays behind.
-ObjectOwner TryMakeLive();
+/// The object of the machine, which becomes FakeSystem::TheMachine; null where the bytes are refused. No lock
+/// stays behind.
+ObjectOwner TryMakeLive(const FakeSystem::Machine& machine);
 
 /// The whole tree.
 Tree Everything(SMBIOSProtocolImpl& object);
 
-/// The tree without what only a live object reads: the SPD blocks.
-Tree WithoutBlocks(Tree tree);
+/// Tests that the machine, where its bytes are accepted, has this tree, but for what only a live object
+/// reads: the SPD blocks. Gives whether they are.
+bool CheckRoute(const FakeSystem::Machine& machine, const Tree& tree);
 
 bool AreEqual(const Tree& left, const Tree& right);
 

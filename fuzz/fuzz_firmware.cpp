@@ -5,34 +5,15 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr std::size_t HeaderSize = 8;
-
-// The same table behind an entry point in physical memory.
-void CheckEntryPointRoute(const Bytes& block, const Tree& tree)
-{
-    const std::size_t claimed = static_cast<std::size_t>(block[4] | block[5] << 8);
-    const std::size_t length = std::min(claimed, block.size() - HeaderSize);
-    const auto start = block.begin() + HeaderSize;
-    const Bytes table(start, start + static_cast<std::ptrdiff_t>(length));
-    FakeSystem::TheMachine = FakeSystem::Machine::WithEntryPoint(table, block[1], block[2]);
-    const ObjectOwner object = TryMakeLive();
-    Require(object != nullptr, "a table is accepted on both live routes");
-    Require(AreEqual(WithoutBlocks(Everything(*object)), tree), "a table reads the same on both live routes");
-}
-
-} // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
+    constexpr std::size_t HeaderSize = 8;
     if (size < 1)
         return 0;
     FakeSystem::Machine machine;
     machine.Block.assign(data + 1, data + size);
     machine.QueriedSize = data[0] == 0 ? 0 : static_cast<unsigned long>(size - 1 + data[0]);
-    FakeSystem::TheMachine = machine;
-    const ObjectOwner object = TryMakeLive();
+    const ObjectOwner object = TryMakeLive(machine);
     if (object == nullptr)
         return 0;
     const Tree tree = Everything(*object);
@@ -40,12 +21,16 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     CheckObject(*object, tree, share);
 
     if (share % 8 == 0) {
-        FakeSystem::TheMachine = machine;
-        Require(AreEqual(Everything(*TryMakeLive()), tree), "the same block gives the same tree");
+        Require(AreEqual(Everything(*TryMakeLive(machine)), tree), "the same block gives the same tree");
         return 0;
     }
+    // The same table behind an entry point in physical memory.
     Bytes block(machine.Block);
     block.resize(std::max<std::size_t>(block.size(), machine.QueriedSize)); // zeros behind the truth
-    CheckEntryPointRoute(block, WithoutBlocks(tree));
+    const std::size_t claimed = static_cast<std::size_t>(block[4] | block[5] << 8);
+    const std::size_t length = std::min(claimed, block.size() - HeaderSize);
+    const Bytes table(&block[0] + HeaderSize, &block[0] + HeaderSize + length);
+    Require(CheckRoute(FakeSystem::Machine::WithEntryPoint(table, block[1], block[2]), tree),
+            "a table is accepted on both live routes");
     return 0;
 }

@@ -22,11 +22,8 @@ void CheckLiveRoute(const Bytes& image, bool isBlock, const Tree& tree)
 {
     constexpr std::string_view Anchor = "_SM_";
     const auto entryPoint = std::search(image.begin(), image.end(), Anchor.begin(), Anchor.end());
-    FakeSystem::TheMachine = isBlock
-                                 ? FakeSystem::Machine::WithBlock(image, entryPoint[6], entryPoint[7])
-                                 : FakeSystem::Machine::WithEntryPoint(image, entryPoint[6], entryPoint[7]);
-    if (const ObjectOwner live = TryMakeLive())
-        Require(AreEqual(WithoutBlocks(Everything(*live)), tree), "a table reads the same on all routes");
+    const auto machine = isBlock ? FakeSystem::Machine::WithBlock : FakeSystem::Machine::WithEntryPoint;
+    CheckRoute(machine(image, entryPoint[6], entryPoint[7]), tree);
 }
 
 } // namespace

@@ -12,7 +12,8 @@
 
 namespace {
 
-constexpr std::size_t SegmentLength = 65'534;
+using FakeSystem::SegmentLength;
+
 constexpr std::size_t ControlLength = 3;
 constexpr std::size_t TableOffset = 32;
 
@@ -33,16 +34,17 @@ FakeSystem::Machine MachineOf(const unsigned char* data, std::size_t size)
     const unsigned char* const rest = data + ControlLength;
     const std::size_t length = size - ControlLength;
 
-    machine.Segment.assign(SegmentLength, 0xFF);
-    std::copy_n(rest, std::min(length, SegmentLength - offset), &machine.Segment[offset]);
-    machine.Table.assign(rest + std::min(length, TableOffset), rest + length);
-    if (unsigned char* const anchor = FirstAnchor(machine.Segment)) {
-        for (int i = 3; i >= 0; --i)
-            machine.TableAddress = machine.TableAddress << 8 | anchor[24 + i];
-        const std::size_t summed = std::min<std::size_t>(anchor[5], &machine.Segment.back() - anchor);
+    Bytes segment(SegmentLength, 0xFF);
+    std::copy_n(rest, std::min(length, SegmentLength - offset), &segment[offset]);
+    if (unsigned char* const anchor = FirstAnchor(segment)) {
+        const auto address = static_cast<std::uint32_t>(anchor[24] | anchor[25] << 8 | anchor[26] << 16) |
+                             static_cast<std::uint32_t>(anchor[27]) << 24;
+        machine.Memory[address].assign(rest + std::min(length, TableOffset), rest + length);
+        const std::ptrdiff_t summed = std::min<std::ptrdiff_t>(anchor[5], &segment.back() - anchor);
         if ((data[0] & 0x80U) != 0)
             anchor[4] = static_cast<unsigned char>(anchor[4] - std::accumulate(anchor, anchor + summed, 0U));
     }
+    machine.Memory[FakeSystem::SegmentAddress] = segment;
     return machine;
 }
 
@@ -80,8 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (size < ControlLength || size > 65'535)
         return 0;
     const FakeSystem::Machine machine = MachineOf(data, size);
-    FakeSystem::TheMachine = machine;
-    const ObjectOwner object = TryMakeLive();
+    const ObjectOwner object = TryMakeLive(machine);
     if (object == nullptr)
         return 0;
     const Tree tree = Everything(*object);
@@ -89,10 +90,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     CheckObject(*object, tree, share);
     CheckLiveParts(*object, tree);
 
-    FakeSystem::TheMachine = machine;
     if (share % 2 == 0) {
-        Require(AreEqual(Everything(*TryMakeLive()), tree), "the same machine gives the same tree");
+        Require(AreEqual(Everything(*TryMakeLive(machine)), tree), "the same machine gives the same tree");
     } else {
+        FakeSystem::TheMachine = machine;
         FakeSystem::ReadAgain(*object);
         Require(AreEqual(Everything(*object), tree), "reading anew gives the same tree");
     }

@@ -7,20 +7,9 @@
 
 namespace CountingNew {
 
-/// Bytes that the program holds, with what the heap needs beside each block.
-std::size_t Held();
-
-/// The most that it held since the last call of StartPeak.
-std::size_t Peak();
-void StartPeak();
-
-/// Allocations so far.
-std::size_t Count();
-
-/// Lets the `n`th allocation from now on fail, once, with std::bad_alloc; 0: none.
-void FailAt(std::size_t n);
-
-/// Whether the failure asked for came about.
-bool HasFailed();
+extern std::size_t Held;   ///< bytes that the program holds, with what the heap needs beside each block
+extern std::size_t Peak;   ///< the most that it held since this was last set
+extern std::size_t Count;  ///< allocations so far
+extern std::size_t FailAt; ///< the Count of the one that fails with std::bad_alloc; 0: none
 
 } // namespace CountingNew

@@ -9,8 +9,7 @@ namespace HostileImages {
 
 namespace {
 
-using TestImages::Image;
-using TestImages::Structure;
+using namespace TestImages;
 
 enum Type : unsigned char {
     Bios = 0,
@@ -26,7 +25,6 @@ enum Type : unsigned char {
 
 constexpr std::size_t LargestTable = 65'535 - 31; // the entry point stands behind the table
 constexpr std::size_t LongestString = 254;
-constexpr unsigned int NoHandle = 0xFFFF;
 
 Bytes Repeated(std::size_t count, const Bytes& bytes)
 {
@@ -36,15 +34,9 @@ Bytes Repeated(std::size_t count, const Bytes& bytes)
     return all;
 }
 
-Bytes TableFullOf(const Bytes& bytes)
+Bytes FullOf(const Bytes& bytes)
 {
-    return Repeated(LargestTable / bytes.size(), bytes);
-}
-
-Bytes Joined(Bytes first, const Bytes& second)
-{
-    first.insert(first.end(), second.begin(), second.end());
-    return first;
+    return Image(Repeated(LargestTable / bytes.size(), bytes), 2, 7);
 }
 
 Bytes SixBytes(Type type, unsigned int handle)
@@ -54,36 +46,24 @@ Bytes SixBytes(Type type, unsigned int handle)
 
 Structure ProcessorWith(unsigned int handle, unsigned int link1, unsigned int link2, unsigned int link3)
 {
-    Structure structure(Processor, static_cast<std::uint16_t>(handle));
-    structure.Text(std::string(LongestString, 'p')).Byte(3).Byte(1).Byte(1).Qword(0).Byte(1).Byte(0x87);
-    structure.Word(1).Word(2).Word(3).Byte(0x41).Byte(1).Word(link1).Word(link2).Word(link3);
-    return structure.Byte(1).Byte(1).Byte(1).Dword(0).Word(0).Byte(0);
+    return StructureOf(Processor, static_cast<std::uint16_t>(handle), std::string(LongestString, 'p'),
+                       Bytes(21, 1), Word{link1}, Word{link2}, Word{link3}, Bytes(10, 1));
 }
 
-Structure ArrayWith(unsigned int handle, unsigned int link)
+Structure ArrayWith(std::uint16_t handle, unsigned int link)
 {
-    return Structure(MemoryArray, static_cast<std::uint16_t>(handle))
-        .Byte(3)
-        .Byte(3)
-        .Byte(3)
-        .Dword(1)
-        .Word(link)
-        .Word(1);
+    return StructureOf(MemoryArray, handle, Bytes(7, 3), Word{link}, Word{1});
 }
 
-Structure DeviceWith(unsigned int handle, unsigned int array, unsigned int link)
+Structure DeviceWith(unsigned int array, unsigned int link)
 {
-    Structure structure(MemoryDevice, static_cast<std::uint16_t>(handle));
-    structure.Word(array).Word(link).Word(64).Word(64).Word(1).Byte(9).Byte(0);
-    return structure.Byte(0).Byte(0).Byte(24).Word(0).Word(1).Dword(0).Byte(0).Dword(0);
+    return StructureOf(MemoryDevice, 5, Word{array}, Word{link}, Bytes(24, 1));
 }
 
 // Six of its eight fields are the longest text that there can be.
-Structure SystemWithLongTexts(unsigned int handle)
+Structure SystemWithLongTexts(std::uint16_t handle)
 {
-    Structure structure(System, static_cast<std::uint16_t>(handle));
-    structure.Text(std::string(LongestString, 's')).Byte(1).Byte(1).Byte(1).Qword(1).Qword(2);
-    return structure.Byte(6).Byte(1).Byte(1);
+    return StructureOf(System, handle, std::string(LongestString, 's'), Bytes(22, 1));
 }
 
 // Each of `count` levels has `width` processors of one handle, and each of them has three links to the next
@@ -92,33 +72,19 @@ std::vector<Structure> MultiplyingLevels(unsigned int count, unsigned int width)
 {
     std::vector<Structure> structures;
     for (unsigned int level = 1; level <= count; ++level)
-        for (unsigned int i = 0; i < width; ++i)
-            structures.push_back(ProcessorWith(level, level + 1, level + 1, level + 1));
+        structures.insert(structures.end(), width, ProcessorWith(level, level + 1, level + 1, level + 1));
     return structures;
 }
 
-// Every processor links to the next three: rings of many lengths, closed at the end.
-std::vector<Structure> Rings(unsigned int count)
+// Every processor links to three of the next, `step` apart, in rings of `handles` handles.
+std::vector<Structure> Rings(unsigned int count, unsigned int handles, unsigned int step)
 {
     std::vector<Structure> structures;
-    const auto handle = [&](unsigned int i) { return i % count + 1; };
+    const auto handle = [&](unsigned int i) { return i % handles + 1; };
     for (unsigned int i = 0; i < count; ++i)
-        structures.push_back(ProcessorWith(handle(i), handle(i + 1), handle(i + 2), handle(i + 3)));
+        structures.push_back(
+            ProcessorWith(handle(i), handle(i + step), handle(i + 2 * step), handle(i + 3 * step)));
     return structures;
-}
-
-std::vector<Structure> SelfLinks(unsigned int count)
-{
-    std::vector<Structure> structures;
-    for (unsigned int i = 1; i <= count; ++i)
-        structures.push_back(ProcessorWith(i, i, i, i));
-    return structures;
-}
-
-// All processors bear the handle to which they link.
-std::vector<Structure> OneHandle(unsigned int count)
-{
-    return std::vector<Structure>(count, ProcessorWith(7, 7, 7, 7));
 }
 
 // A chain of four links, with long names and with long texts at its end, that starts in each of `count`
@@ -127,8 +93,8 @@ Bytes LongTextsBehindLinks(unsigned int count)
 {
     std::vector<Structure> structures{ArrayWith(1, 2), ArrayWith(2, 3), ProcessorWith(3, 4, 4, 4),
                                       SystemWithLongTexts(4)};
-    for (unsigned int i = 0; i < count; ++i)
-        structures.push_back(Structure(Processor, 9).Fill(22).Word(1).Word(1).Word(1).Fill(11));
+    structures.insert(structures.end(), count,
+                      StructureOf(Processor, 9, Bytes(22), Word{1}, Word{1}, Word{1}, Bytes(11)));
     return Image(structures);
 }
 
@@ -137,104 +103,88 @@ Bytes LongTextsBehindLinks(unsigned int count)
 std::vector<Structure> DevicesInArrays(unsigned int arrays, unsigned int devices,
                                        std::vector<Structure> structures)
 {
-    structures.insert(structures.end(), devices, DeviceWith(5, 6, 1));
+    structures.insert(structures.end(), devices, DeviceWith(6, 1));
     structures.insert(structures.end(), arrays, ArrayWith(6, 1));
     return structures;
 }
 
-std::vector<Structure> CopiesOfLongTextsIn(unsigned int arrays)
+std::vector<Structure> CopiesOfLongTexts(unsigned int arrays)
 {
     return DevicesInArrays(
         arrays, 20,
         {ArrayWith(1, 2), ProcessorWith(2, 3, 3, 3), ProcessorWith(3, 4, 4, 4), SystemWithLongTexts(4)});
 }
 
-Bytes CopiesOfLongTexts(unsigned int count)
+// Behind each of `count` links stand the same `targets`, one over the other.
+Bytes OneOverTheOther(unsigned int count, std::vector<Structure> targets)
 {
-    return Image(CopiesOfLongTextsIn(count));
-}
-
-// Small nodes, as many as there can be.
-Bytes CopiesOfBits(unsigned int count)
-{
-    return Image(DevicesInArrays(count, 100, {Structure(Bios, 1).Fill(20)}));
-}
-
-// Behind each of `count` links stand the same 2,000 structures, one over the other: lists of children in
-// which two names repeat.
-Bytes RepeatingLists(unsigned int count)
-{
-    std::vector<Structure> structures(2'000, Structure(OemStrings, 1).Byte(1));
-    structures.insert(structures.end(), count, DeviceWith(2, NoHandle, 1));
-    return Image(structures);
-}
-
-// Texts of the longest kind: each overwrites the one before it.
-Bytes OverwrittenTexts(unsigned int count)
-{
-    std::vector<Structure> structures(100, SystemWithLongTexts(1));
-    structures.insert(structures.end(), count, DeviceWith(2, NoHandle, 1));
-    return Image(structures);
+    targets.insert(targets.end(), count, DeviceWith(2, 1));
+    return Image(targets);
 }
 
 Bytes EndlessStrings(std::size_t length, std::size_t count)
 {
-    Bytes string(length, 'x');
-    string.push_back(0);
-    return Joined({Bios, 24, 1, 0, 1, 2, 3, 4, 5}, Joined(Bytes(15, 1), Repeated(count, string)));
-}
-
-Bytes WithoutEnd(const Bytes& table)
-{
-    Bytes image = Structure(Unread, 1).Raw(TestImages::EntryPoint(2, 7)).Finished();
-    image.insert(image.end(), table.begin(), table.end());
-    return image;
+    const Bytes string = With(Bytes(length + 1, 'x'), length, 0);
+    return Join({Bios, 24, 1, 0, 1, 2, 3, 4, 5}, Join(Bytes(15, 1), Repeated(count, string)));
 }
 
 } // namespace
 
 std::vector<HostileImage> All()
 {
-    const Bytes devicesOfHandleNull = Repeated(5'000, SixBytes(MemoryDevice, 1));
     return {
         {"thousands of arrays that claim thousands of devices",
-         Image(Joined(Repeated(5'000, SixBytes(MemoryArray, 0)), devicesOfHandleNull), 2, 7), true},
-        {"every device links to all devices", Image(TableFullOf(SixBytes(MemoryDevice, 0x0411)), 2, 7), true},
-        {"every array links to all arrays", Image(TableFullOf(SixBytes(MemoryArray, 0x0410)), 2, 7), false},
-        {"one handle for all processors", Image(OneHandle(100)), true},
+         Image(Join(Repeated(5'000, SixBytes(MemoryArray, 0)), Repeated(5'000, SixBytes(MemoryDevice, 1))), 2,
+               7),
+         true},
+        {"every device links to all devices", FullOf(SixBytes(MemoryDevice, 0x0411)), true},
+        {"every array links to all arrays", FullOf(SixBytes(MemoryArray, 0x0410)), false},
+        {"one handle for all processors", Image(Rings(100, 1, 0)), true},
         {"levels of links that multiply", Image(MultiplyingLevels(6, 8)), true},
         {"levels of links, one structure each", Image(MultiplyingLevels(6, 1)), false},
-        {"rings", Image(Rings(60)), false},
-        {"many rings", Image(Rings(200)), true},
-        {"links to oneself", Image(SelfLinks(200)), false},
-        {"all zeros: firmware structures of two bytes", Image(Bytes(LargestTable), 2, 7), true},
-        {"chassis of three bytes, one over the other", Image(TableFullOf({Chassis, 0, 0}), 2, 7), false},
-        {"devices of three bytes", Image(TableFullOf({MemoryDevice, 0, 0}), 2, 7), true},
-        {"arrays of three bytes", Image(TableFullOf({MemoryArray, 0, 0}), 2, 7), true},
-        {"processors of six bytes", Image(TableFullOf(SixBytes(Processor, 0x0404)), 2, 7), true},
-        {"OEM strings of six bytes", Image(TableFullOf(SixBytes(OemStrings, 1)), 2, 7), false},
-        {"a string without end", WithoutEnd(EndlessStrings(64'000, 1)), false},
-        {"a string set without end", WithoutEnd(EndlessStrings(1, 32'000)), false},
+        {"rings", Image(Rings(60, 60, 1)), false},
+        {"many rings", Image(Rings(200, 200, 1)), true},
+        {"links to oneself", Image(Rings(200, 200, 0)), false},
+        {"all zeros: firmware structures of two bytes", FullOf({Bios}), true},
+        {"chassis of three bytes, one over the other", FullOf({Chassis, 0, 0}), false},
+        {"devices of three bytes", FullOf({MemoryDevice, 0, 0}), true},
+        {"arrays of three bytes", FullOf({MemoryArray, 0, 0}), true},
+        {"processors of six bytes", FullOf(SixBytes(Processor, 0x0404)), true},
+        {"OEM strings of six bytes", FullOf(SixBytes(OemStrings, 1)), false},
+        {"a string without end", ImageWithoutEnd(EndlessStrings(64'000, 1)), false},
+        {"a string set without end", ImageWithoutEnd(EndlessStrings(1, 32'000)), false},
         {"strings cut at the longest length", Image(EndlessStrings(256, 250), 2, 7), false},
-        {"a structure longer than the table", WithoutEnd({Bios, 255, 1, 0}), false},
-        {"a header longer than the table", WithoutEnd({MemoryDevice, 4, 1}), false},
+        {"a structure longer than the table", ImageWithoutEnd({Bios, 255, 1, 0}), false},
+        {"a header longer than the table", ImageWithoutEnd({MemoryDevice, 4, 1}), false},
     };
 }
 
 const std::vector<Family> Families = {
-    {"long texts behind links", LongTextsBehindLinks},
-    {"copies of long texts", CopiesOfLongTexts},
-    {"lists that repeat", RepeatingLists},
-    {"overwritten texts", OverwrittenTexts},
-    {"copies of bits", CopiesOfBits},
+    {"long texts behind links", LongTextsBehindLinks, 1033},
+    {"copies of long texts", [](unsigned int count) { return Image(CopiesOfLongTexts(count)); }, 95},
+    // Lists of children in which two names repeat.
+    {"lists that repeat",
+     [](unsigned int count) {
+         return OneOverTheOther(count, std::vector<Structure>(2'000, StructureOf(OemStrings, 1, 1)));
+     },
+     129},
+    {"overwritten texts",
+     [](unsigned int count) {
+         return OneOverTheOther(count, std::vector<Structure>(100, SystemWithLongTexts(1)));
+     },
+     561},
+    // Small nodes, as many as there can be.
+    {"copies of bits",
+     [](unsigned int count) { return Image(DevicesInArrays(count, 100, {StructureOf(Bios, 1, Bytes(20))})); },
+     58},
 };
 
 Bytes FloodOfBlocks(unsigned int count, unsigned int copies)
 {
-    Bytes table = copies == 0 ? Bytes() : TestImages::Table(CopiesOfLongTextsIn(copies));
+    Bytes table = copies == 0 ? Bytes() : Table(CopiesOfLongTexts(copies));
     if (!table.empty())
         table.resize(table.size() - SixBytes(Unread, 0).size()); // the end structure
-    return Joined(table, Repeated(count, {MemoryDescription, 0, 0}));
+    return Join(table, Repeated(count, {MemoryDescription, 0, 0}));
 }
 
 } // namespace HostileImages

@@ -21,10 +21,11 @@ struct HostileImage {
 /// One image for each way of doing harm.
 std::vector<HostileImage> All();
 
-/// Images that grow evenly with a count: a caller can come as near to the limit of a tree as it likes.
+/// Images that grow evenly with a count.
 struct Family {
     const char* Name;
     Bytes (*Build)(unsigned int count);
+    unsigned int Largest; ///< count whose tree is not too large yet
 };
 
 /// Those that take the most memory a write, each in its way.

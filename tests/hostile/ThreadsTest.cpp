@@ -1,20 +1,17 @@
 // What threads may do at the same time. The thread sanitizer judges; without it, the answers are compared.
 
-#include "hostile/FakeSystem.h"
+#include "support/FakeSystem.h"
+#include "support/Tree.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <functional>
-#include <map>
 #include <thread>
-#include <vector>
+
+using namespace TestImages;
 
 namespace {
-
-using Protocol::SMBIOS::SMBIOSProtocolImpl;
-using TestImages::Bytes;
-using TestImages::Structure;
 
 constexpr unsigned int Threads = 8;
 constexpr unsigned int Rounds = 20;
@@ -35,91 +32,49 @@ void OnThreads(const std::function<void(unsigned int)>& work)
         thread.join();
 }
 
-Bytes SmallTable()
+const Bytes SmallTable = Table({StructureOf(0, 1, "vendor", Bytes(19)),
+                                StructureOf(4, 2, Bytes(22), Word{3}, Word{3}, Word{3}, Bytes(11)),
+                                StructureOf(7, 3, "L1", Bytes(14)), StructureOf(16, 4, Bytes(11)),
+                                StructureOf(17, 5, Word{4}, Bytes(26))});
+
+// Each thread searches the shared object; constructs, copies and destroys its own; and destroys a copy that
+// shares its source's nodes, whichever of them goes last.
+TEST(Threads, SearchConstructCopyAndDestroy)
 {
-    return TestImages::Table(
-        {Structure(0, 1).Text("vendor").Fill(19), Structure(4, 2).Fill(22).Word(3).Word(3).Word(3).Fill(11),
-         Structure(7, 3).Text("L1").Fill(14), Structure(16, 4).Fill(11), Structure(17, 5).Word(4).Fill(26)});
-}
+    const Bytes image = Image(SmallTable, 2, 7);
+    const auto shared = Decoded(image);
+    const std::string expected = TextOf(*shared);
+    std::vector<std::unique_ptr<SMBIOSProtocolImpl>> copies;
+    auto source = Decoded(image);
+    for (unsigned int i = 0; i < Threads; ++i)
+        copies.push_back(std::make_unique<SMBIOSProtocolImpl>(*source));
+    source.reset();
 
-// A text of the whole tree.
-std::string Everything(SMBIOSProtocolImpl& object)
-{
-    std::map<std::string, _XNode> nodes;
-    object.SMBiosSearch("/SMBIOS", nodes);
-    std::string text;
-    for (const auto& [path, node] : nodes) {
-        text += path;
-        for (const std::string& item : node.Items)
-            text += "|" + item;
-    }
-    return text;
-}
-
-class ThreadsOnTables : public testing::Test {
-protected:
-    SMBIOSProtocolImpl Decoded()
-    {
-        return {Image.data(), static_cast<unsigned short>(Image.size()), "/SMBIOS"};
-    }
-
-    Bytes Image = TestImages::Image(SmallTable(), 2, 7);
-    SMBIOSProtocolImpl Shared = Decoded();
-    const std::string Expected = Everything(Shared);
-    std::atomic<unsigned int> Wrong{0};
-};
-
-} // namespace
-
-TEST_F(ThreadsOnTables, SearchOneObject)
-{
-    OnThreads([&](unsigned int) {
+    std::atomic<unsigned int> wrong{0};
+    OnThreads([&](unsigned int i) {
+        wrong += TextOf(*copies[i]) != expected;
+        copies[i].reset();
         for (unsigned int round = 0; round < Rounds; ++round) {
             unsigned int address = 1;
             unsigned int size = 1;
-            Shared.GetBiosReservedMem(&address, &size);
-            Wrong += Everything(Shared) != Expected || address != 0 || size != 0;
+            shared->GetBiosReservedMem(&address, &size);
+            wrong += TextOf(*shared) != expected || address != 0 || size != 0;
+            const auto own = Decoded(image);
+            SMBIOSProtocolImpl copy(*own);
+            *own = copy;
+            wrong += TextOf(*own) != expected || TextOf(copy) != expected;
         }
     });
-    EXPECT_EQ(Wrong, 0U);
-}
-
-TEST_F(ThreadsOnTables, ConstructCopyAndDestroyTheirOwn)
-{
-    OnThreads([&](unsigned int) {
-        for (unsigned int round = 0; round < Rounds; ++round) {
-            SMBIOSProtocolImpl own = Decoded();
-            SMBIOSProtocolImpl copy(own);
-            own = copy;
-            Wrong += Everything(own) != Expected || Everything(copy) != Expected;
-        }
-    });
-    EXPECT_EQ(Wrong, 0U);
-}
-
-// Copies share the nodes of their source, whichever of them goes last.
-TEST_F(ThreadsOnTables, SearchAndDestroyCopiesOfOneObject)
-{
-    std::vector<std::unique_ptr<SMBIOSProtocolImpl>> copies;
-    {
-        SMBIOSProtocolImpl source = Decoded();
-        for (unsigned int i = 0; i < Threads; ++i)
-            copies.push_back(std::make_unique<SMBIOSProtocolImpl>(source));
-    }
-    OnThreads([&](unsigned int i) {
-        Wrong += Everything(*copies[i]) != Expected;
-        copies[i].reset();
-    });
-    EXPECT_EQ(Wrong, 0U);
+    EXPECT_EQ(wrong, 0U);
 }
 
 TEST(Threads, GetOneSingleton)
 {
-    FakeSystem::TheMachine = FakeSystem::Machine::WithEntryPoint(SmallTable(), 2, 7);
+    FakeSystem::TheMachine = FakeSystem::Machine::WithEntryPoint(SmallTable);
     std::vector<SMBIOSProtocolImpl*> instances(Threads);
     OnThreads([&](unsigned int i) { instances[i] = &SMBIOSProtocolImpl::CreateInstance(); });
     EXPECT_EQ(instances, std::vector<SMBIOSProtocolImpl*>(Threads, instances[0]));
-    EXPECT_FALSE(Everything(*instances[0]).empty());
+    EXPECT_EQ(TextOf(*instances[0]), TextOf(*Decoded(Image(SmallTable, 2, 7))));
 }
 
 TEST(Threads, LogWhileTheSinkChanges)
@@ -138,3 +93,5 @@ TEST(Threads, LogWhileTheSinkChanges)
     logger.SetSink(nullptr);
     EXPECT_EQ(wrong, 0U);
 }
+
+} // namespace

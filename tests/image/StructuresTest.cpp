@@ -23,11 +23,8 @@ TEST(Walk, StringSets)
         std::vector<std::string> Fields; ///< Manufacturer, ProductName, Version, SerialNo
     } cases[] = {
         {"none", {}, {"", "", "", ""}},
-        {"one", {"A"}, {"A", "", "", ""}},
-        {"two", {"AB", "C"}, {"AB", "C", "", ""}},
         {"an empty one first", {"", "B"}, {"", "B", "", ""}},
         {"bytes beyond ASCII", {"\xFF\x80\t", "B"}, {"\xFF\x80\t", "B", "", ""}},
-        {"254 characters", {s254, "B"}, {s254, "B", "", ""}},
         {"255 characters, of which a field shows 254", {s255, "B"}, {s254, "B", "", ""}},
         {"300 characters: two strings", {s300, "B"}, {s254, s44, "B", ""}},
     };
@@ -44,7 +41,8 @@ TEST(Walk, StringSets)
     }
 }
 
-// Its terminator is taken for the end of the set; the next string is read as a structure: type 11, length 5.
+// The terminator of a string of 256 characters is taken for the end of the set; the next string is read as a
+// structure: type 11, length 5.
 TEST(Walk, AStringOf256CharactersEndsTheSet)
 {
     Tree tree(Image({System().MoreText(std::string(256, 'a')).MoreText("\x0B\x05\x01\x01\x09")}));
@@ -65,9 +63,7 @@ TEST(Walk, Ends)
         {"at the first end structure", Join(Join(strings, end), StructureOf(11, 1, 9).Finished()), "7"},
         {"at the type byte 127 alone", Join(strings, {127}), "7"},
         {"not at type 126", Join(StructureOf(126, 1, 9).Finished(), Join(strings, end)), "7"},
-        {"not at an unread type with strings", Join(StructureOf(5, 1, 9, "A", "B").Finished(), strings), "7"},
         {"not at a length of 2: the strings begin at the handle", Join({5, 2, 0, 0}, strings), "7"},
-        {"not at a length of 0: the strings begin at the type", Join({5, 0, 0}, strings), "7"},
         {"not at a length of 0 of a read type", Join({9, 0, 0}, strings), "7"},
         {"at a length beyond the table", Join({5, 255, 0, 0}, strings), "(no node)"},
         {"at a string set without end", Join({5, 4, 0, 0, 'A'}, Bytes(900, 'B')), "(no node)"},
@@ -95,17 +91,17 @@ TEST(Walk, InstancesStandInTableOrder)
 {
     std::vector<Structure> table;
     for (int n = 1; n <= 1000; ++n) {
-        table.push_back(
-            StructureOf(10, static_cast<std::uint16_t>(2000 - n / 2), 3, "d" + std::to_string(n)));
+        const auto handle = static_cast<std::uint16_t>(2000 - n / 2);
+        table.push_back(StructureOf(10, handle, 3, "d" + std::to_string(n)));
         table.push_back(StructureOf(n % 2 == 0 ? 5 : 11, 1, 1));
     }
     Tree tree(Image(table));
     const std::vector<std::string> devices = tree.Children("/SMBIOS/Type10");
     ASSERT_EQ(devices.size(), 1000U);
-    for (const std::size_t n : {1U, 2U, 3U, 999U, 1000U}) {
-        const std::string index = "[" + std::to_string(n) + "]";
-        EXPECT_EQ(devices[n - 1], index);
-        EXPECT_EQ(tree.Leaf("/SMBIOS/Type10" + index + "/DescriptionString"), "d" + std::to_string(n));
+    for (const std::size_t n : {1U, 2U, 1000U}) {
+        EXPECT_EQ(devices[n - 1], "[" + std::to_string(n) + "]");
+        EXPECT_EQ(tree.Leaf("/SMBIOS/Type10" + devices[n - 1] + "/DescriptionString"),
+                  "d" + std::to_string(n));
     }
 }
 
@@ -117,31 +113,26 @@ TEST(Layout, AShortStructureIsReadOnIntoWhatFollows)
     EXPECT_EQ(tree.Leaf("/SMBIOS/Type2[1]/ContainObjectHandles"), std::to_string('A' | 'B' << 8));
 }
 
+// Its string set's two NULs are read as fields too.
 TEST(Layout, FieldsPastTheEndOfTheTableHaveNoNode)
 {
+    using Names = std::vector<std::string>;
     const struct {
-        Bytes Last; ///< its string set's two NULs are read as fields too
+        Bytes Last;
         std::string Path;
-        std::vector<std::string> Children;
-        std::string FirstMissing; ///< a path without a node
+        Names Children;
     } cases[] = {
-        {StructureOf(133, 1).Finished(), "/Type133", {}, "/Address"},
-        {StructureOf(133, 1, Word{0x0102}).Finished(), "/Type133", {"/Address"}, "/Size"},
-        {StructureOf(133, 1, Dword{1}, 2).Finished(), "/Type133", {"/Address"}, "/Size"},
-        {StructureOf(133, 1, Dword{1}, Word{2}).Finished(), "/Type133", {"/Address", "/Size"}, "/"},
-        {StructureOf(32, 1, Bytes(13)).Finished(), "/Type32", {"/Reserved"}, "/BootStatus"},
-        {StructureOf(38, 1, 1, 1, Bytes(7)).Finished(),
-         "/Type38",
-         {"/InterfaceType", "/IPMISpecRev", "/I2CSlaveAddr", "/NVStoreAddr"},
-         "/BaseAddress"},
-        {StructureOf(10, 1).Finished(), "/Type10[1]", {"/DeviceType", "/DescriptionString"}, "/"},
-        {{10, 3, 1, 0, 0}, "/Type10[1]", {"/DeviceType"}, "/DescriptionString"},
+        {StructureOf(133, 1, Word{0x0102}).Finished(), "/Type133", {"/Address"}},
+        {StructureOf(133, 1, Dword{1}, 2).Finished(), "/Type133", {"/Address"}},
+        {StructureOf(133, 1, Dword{1}, Word{2}).Finished(), "/Type133", {"/Address", "/Size"}},
+        {StructureOf(32, 1, Bytes(13)).Finished(), "/Type32", {"/Reserved"}},
+        {StructureOf(10, 1).Finished(), "/Type10[1]", {"/DeviceType", "/DescriptionString"}},
+        {{10, 3, 1, 0, 0}, "/Type10[1]", {"/DeviceType"}},
     };
     for (const auto& each : cases) {
-        SCOPED_TRACE(each.Path + " without " + each.FirstMissing);
         Tree tree(ImageWithoutEnd(each.Last));
         EXPECT_EQ(tree.Children("/SMBIOS" + each.Path), each.Children);
-        EXPECT_FALSE(tree.Has("/SMBIOS" + each.Path + each.FirstMissing));
+        EXPECT_EQ(tree.Search("/SMBIOS" + each.Path).size(), each.Children.size() + 1);
     }
 }
 

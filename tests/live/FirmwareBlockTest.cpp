@@ -1,56 +1,66 @@
 // The firmware's raw block, which serves where the BIOS segment has no entry point.
 
-#include "Machine.h"
+#include "support/FakeSystem.h"
+#include "support/Tree.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <functional>
 
-using TestImages::Bytes;
-using TestImages::Structure;
+using namespace FakeSystem;
+using namespace TestImages;
 
 namespace {
 
-const std::string Route = "GetSMBiosEntryPtr";
-const std::string Call = "GetRawSmbiosData";
+std::size_t RefusedCalloc = ~0U, RefusedMalloc = ~0U; // the sizes of which there is no memory
+
+} // namespace
+
+// The linker sends the calls of calloc and malloc here.
+extern "C" {
+void* __real_calloc(std::size_t count, std::size_t size);
+void* __real_malloc(std::size_t size);
+
+void* __wrap_calloc(std::size_t count, std::size_t size)
+{
+    return count * size == RefusedCalloc ? nullptr : __real_calloc(count, size);
+}
+
+void* __wrap_malloc(std::size_t size)
+{
+    return size == RefusedMalloc ? nullptr : __real_malloc(size);
+}
+}
+
+namespace {
 
 // All events of the route for a block of `size` bytes, in order.
 Events WholeRoute(std::size_t size)
 {
+    const std::string route = "GetSMBiosEntryPtr";
+    const std::string enters = Logged("GetRawSmbiosData", "Entering GetRawSmbiosData()");
     char hex[16];
     std::snprintf(hex, sizeof hex, "0x%x", static_cast<unsigned int>(size));
     return Joined({
         Mapped(SegmentAddress, SegmentLength),
         {
-            Logged(Route, "_SM_ not found,Alternate approach : Trying to to dump SMBIOS Raw data.."),
-            Logged(Call, "Entering GetRawSmbiosData()"),
+            Logged(route, "_SM_ not found,Alternate approach : Trying to to dump SMBIOS Raw data.."),
+            enters,
             "firmware 52534D42 0 0",
-            Logged(Route, std::string("Success in getting Raw SMBIOS Data length : ") + hex),
-            Logged(Call, "Entering GetRawSmbiosData()"),
+            Logged(route, std::string("Success in getting Raw SMBIOS Data length : ") + hex),
+            enters,
             "firmware 52534D42 0 " + std::to_string(size),
-            Logged(Route, std::string("Success in getting Raw SMBIOS Data ( Total : ") + hex + " Bytes )"),
-            Logged(Route, "Successfully copied Raw SMBIOS Data"),
+            Logged(route, std::string("Success in getting Raw SMBIOS Data ( Total : ") + hex + " Bytes )"),
+            Logged(route, "Successfully copied Raw SMBIOS Data"),
         },
     });
 }
 
-// The first events of the whole route, up to the one named, and what follows there.
-constexpr std::size_t Queried = 7;
-constexpr std::size_t Fetched = 9;
-constexpr std::size_t ToldTotal = 10;
-constexpr std::size_t Copied = 11;
-
-struct Row {
-    const char* Name;
-    std::size_t BlockSize;
-    std::function<void()> Trouble;
-    std::size_t Reached;
-    std::string LastLine;
-    int Code;
-};
-
 TEST(FirmwareBlock, LogsEachStepAndFailsWhereItStops)
 {
+    // The first events of the whole route, up to the one named, and what follows there.
+    constexpr std::size_t Queried = 7, Fetched = 9, ToldTotal = 10, Copied = 11;
     const auto none = [] {};
     const auto fetchGives = [](unsigned long count, unsigned long error) {
         return [count, error] {
@@ -60,61 +70,63 @@ TEST(FirmwareBlock, LogsEachStepAndFailsWhereItStops)
     };
     const std::string failed = "Failed to get Raw SMBIOS Data";
     // Version 0.0 or 9.9: a block that is read ends in 1111.
-    const Row rows[] = {
+    const struct {
+        const char* Name;
+        std::size_t BlockSize;
+        std::function<void()> Trouble;
+        std::size_t Reached;
+        std::string LastLine;
+        int Code;
+    } rows[] = {
         {"read", 4999, none, Copied, "", 1111},
         {"header alone", 8, none, Copied, "", 1111},
         {"no room for the header", 7, none, Fetched, failed, 1013},
-        {"one byte", 1, none, Fetched, failed, 1013},
-        {"no block", 0, [] { TheMachine.SystemError = 2; }, Fetched, failed, 1013},
-        {"no block and no reason", 0, none, Fetched, failed, 1013},
+        {"no block", 0, none, Fetched, failed, 1013},
+        {"no block and no reason", 0, [] { TheMachine.SystemError = 0; }, Fetched, failed, 1013},
         {"fetch fails", 4999, fetchGives(0, 122), Fetched, failed, 1013},
         {"fetch gives nothing without a reason", 4999, fetchGives(0, 0), Copied, "", 1111},
         {"fetch gives less than it said", 4999, fetchGives(100, 122), Copied, "", 1111},
-        {"no memory to fetch into", 4999, [] { TheMachine.RefusedCalloc = 4999; }, Queried,
+        {"no memory to fetch into", 4999, [] { RefusedCalloc = 4999; }, Queried,
          "Smbios Buffer allocation failed", 1006},
-        {"no memory to keep it", 4999, [] { TheMachine.RefusedMalloc = 4999; }, ToldTotal, "", 1006},
+        {"no memory to keep it", 4999, [] { RefusedMalloc = 4999; }, ToldTotal, "", 1006},
     };
-    for (const Row& row : rows) {
-        TheMachine = {};
-        TheMachine.PutBlock(Bytes(4991), 4991, 9, 9);
-        TheMachine.FirmwareBlock.resize(row.BlockSize);
+    for (const auto& row : rows) {
+        TheMachine = Machine::WithBlock(Bytes(4991), 9, 9);
+        TheMachine.Block.resize(row.BlockSize);
         row.Trouble();
         EXPECT_EQ(Create(), row.Code) << row.Name;
+        RefusedCalloc = RefusedMalloc = ~0U;
 
         Events expected = WholeRoute(row.BlockSize);
         expected.resize(row.Reached);
         if (!row.LastLine.empty())
-            expected.push_back(Logged(Route, row.LastLine));
+            expected.push_back(Logged("GetSMBiosEntryPtr", row.LastLine));
         EXPECT_EQ(TheMachine.Seen, expected) << row.Name;
     }
 }
 
-struct LengthRow {
-    const char* Name;
-    std::uint32_t Added; ///< to the length of the first structure
-    bool HasSecond;
-};
-
-class BlockLength : public testing::TestWithParam<LengthRow> {};
-
-// Two structures and no end structure: the walk ends where the length says, and never leaves the block.
-TEST_P(BlockLength, CountsByItsLow16BitsWithinTheBlock)
+// Two structures and no end structure: the walk ends where the length's low 16 bits say, and never leaves the
+// block.
+TEST(FirmwareBlock, HasALength)
 {
-    Bytes table = Structure(2, 1).Text("first").Fill(9).Finished();
-    const auto first = static_cast<std::uint32_t>(table.size());
-    const Bytes second = Structure(2, 2).Text("second").Fill(9).Finished();
-    table.insert(table.end(), second.begin(), second.end());
-    TheMachine.PutBlock(table, first + GetParam().Added);
-
-    ASSERT_EQ(Create(), 0);
-    EXPECT_EQ(LiveLeaf("/SMBIOS/Type2[1]/Manufacturer"), "first");
-    EXPECT_EQ(LiveLeaf("/SMBIOS/Type2[2]/Manufacturer"), GetParam().HasSecond ? "second" : "(no node)");
+    const Bytes first = StructureOf(10, 1, 3, "first").Finished();
+    const struct {
+        const char* Name;
+        std::size_t Offset; ///< of the byte in the length that is set so
+        unsigned char Value;
+        std::string Second;
+    } rows[] = {
+        {"shorter than the block", 4, static_cast<unsigned char>(first.size()), "(no node)"},
+        {"with a high half", 6, 3, "second"},
+        {"past the block", 5, 0x80, "second"},
+    };
+    for (const auto& row : rows) {
+        TheMachine = Machine::WithBlock(Join(first, StructureOf(10, 2, 3, "second").Finished()));
+        TheMachine.Block[row.Offset] = row.Value;
+        Tree tree(*NewLiveObject());
+        EXPECT_EQ(tree.Leaf("/SMBIOS/Type10[1]/DescriptionString"), "first") << row.Name;
+        EXPECT_EQ(tree.Leaf("/SMBIOS/Type10[2]/DescriptionString"), row.Second) << row.Name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(, BlockLength,
-                         testing::Values(LengthRow{"ShorterThanBlock", 0, false},
-                                         LengthRow{"High16BitsDropped", 0x30000, false},
-                                         LengthRow{"BeyondBlock", 0x8000, true}),
-                         [](const auto& test) { return std::string(test.param.Name); });
 
 } // namespace

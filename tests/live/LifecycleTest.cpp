@@ -1,7 +1,7 @@
-// The object of the running machine: how it comes about, what fails it, and that it reads what an image would
-// give.
+// The object of the running machine: how it comes about, what fails it, that it reads what an image would
+// give, and what it alone reads.
 
-#include "Machine.h"
+#include "support/FakeSystem.h"
 #include "support/SampleServer.h"
 #include "support/Tree.h"
 
@@ -9,151 +9,104 @@
 
 #include <algorithm>
 #include <new>
+#include <numeric>
 
-using Protocol::SMBIOS::SMBIOSProtocolImpl;
-using TestImages::Bytes;
-using TestImages::Dword;
-using TestImages::StructureOf;
-using TestImages::Table;
+using namespace FakeSystem;
+using namespace TestImages;
 
 namespace {
 
-constexpr std::uint32_t TableAddress = 0xE1235;
-
-Bytes SampleTable()
+std::vector<std::string> WithoutBlocks(SMBIOSProtocolImpl& object)
 {
-    const std::size_t entryPointSize = TestImages::EntryPoint(2, 7).size();
-    Bytes table = TestImages::TwoSocketServer();
-    table.resize(table.size() - entryPointSize);
-    return table;
+    std::vector<std::string> leaves = Tree(object).Leaves("/SMBIOS");
+    const auto isBlock = [](const std::string& leaf) { return leaf.find("/SPD_RAW") != std::string::npos; };
+    leaves.erase(std::remove_if(leaves.begin(), leaves.end(), isBlock), leaves.end());
+    return leaves;
 }
 
-using Texts = std::map<std::string, std::vector<std::string>>;
-
-// The paths of a tree with their items, but for the SPD data, which physical memory alone can give.
-Texts TextsWithoutSpd(const SearchResult& tree)
+// The sample has three SPD blocks, whose bytes physical memory alone can give, and a reserved range.
+TEST(LiveObject, HasTheTreeOfTheImageOnEachRoute)
 {
-    const auto isSpd = [](const std::string& path) { return path.find("/SPD_RAW") != std::string::npos; };
-    Texts texts;
-    for (const auto& [path, node] : tree) {
-        std::vector<std::string> items = node.Items;
-        items.erase(std::remove_if(items.begin(), items.end(), isSpd), items.end());
-        if (!isSpd(path))
-            texts[path + (node.NodeType == NODE_INNER ? " (inner)" : "")] = items;
+    Bytes table = TwoSocketServer();
+    table.resize(table.size() - EntryPoint(2, 7).size());
+    const unsigned char versions[][2] = {{2, 3}, {2, 4}, {2, 5}, {2, 6}, {2, 7}, {2, 8}, {3, 0}};
+    for (const auto& [major, minor] : versions) {
+        for (const bool isBlock : {false, true}) {
+            SCOPED_TRACE(std::to_string(major) + "." + std::to_string(minor) + (isBlock ? " block" : ""));
+            const auto machine = isBlock ? Machine::WithBlock : Machine::WithEntryPoint;
+            const bool hasOemTypes = major * 10 + minor >= 27;
+            TheMachine = machine(table, major, minor);
+            const auto live = NewLiveObject();
+            EXPECT_EQ(Tree(*live).Has("/SMBIOS/Type132[3]/SPD_RAW"), hasOemTypes);
+            EXPECT_EQ(WithoutBlocks(*live), WithoutBlocks(*Decoded(Image(table, major, minor))));
+
+            unsigned int address = 7, size = 7;
+            live->GetBiosReservedMem(nullptr, nullptr);
+            live->GetBiosReservedMem(&address, nullptr);
+            live->GetBiosReservedMem(nullptr, &size);
+            EXPECT_EQ(address, hasOemTypes ? 0x7F000000U : 0U);
+            EXPECT_EQ(size, hasOemTypes ? 0x01000000U : 0U);
+            TheMachine = machine(table, 2, 9);
+            EXPECT_EQ(Create(), RESULT_UNSUPPORTED_VERSION);
+        }
     }
-    return texts;
 }
-
-struct Route {
-    bool IsBlock;
-    unsigned char Major;
-    unsigned char Minor;
-};
-
-class EveryRoute : public testing::TestWithParam<Route> {};
-
-TEST_P(EveryRoute, GivesTheTreeOfTheImageAndTheReservedRange)
-{
-    const auto [isBlock, major, minor] = GetParam();
-    const Bytes table = SampleTable();
-    if (isBlock)
-        TheMachine.PutBlock(table, static_cast<std::uint32_t>(table.size()), major, minor);
-    else
-        TheMachine.PutTable(table, major, minor);
-    ASSERT_EQ(Create(), 0);
-    SMBIOSProtocolImpl& live = SMBIOSProtocolImpl::CreateInstance();
-    const std::size_t calls = TheMachine.Seen.size();
-
-    Tree image(TestImages::Image(table, major, minor));
-    EXPECT_EQ(TheMachine.Seen.size(), calls) << "an image is decoded without the machine";
-    const SearchResult expected = image.Search("/SMBIOS");
-    const SearchResult tree = Search(live, "/SMBIOS");
-    EXPECT_EQ(TextsWithoutSpd(tree), TextsWithoutSpd(expected));
-
-    const bool hasOemTypes = major * 10 + minor >= 27;
-    const std::size_t blocks = hasOemTypes ? expected.at("/SMBIOS/Type132").Items.size() : 0;
-    EXPECT_EQ(tree.size(), expected.size() + blocks) << "a leaf for each block of SPD data";
-
-    unsigned int address = 7;
-    unsigned int size = 7;
-    live.GetBiosReservedMem(nullptr, nullptr);
-    live.GetBiosReservedMem(&address, nullptr);
-    EXPECT_EQ(address, hasOemTypes ? 0x7F000000U : 0U);
-    live.GetBiosReservedMem(nullptr, &size);
-    EXPECT_EQ(size, hasOemTypes ? 0x01000000U : 0U);
-    image.Object.GetBiosReservedMem(&address, &size);
-    EXPECT_EQ(address, 0U);
-    EXPECT_EQ(size, 0U);
-}
-
-constexpr Route Routes[] = {
-    {false, 2, 3}, {false, 2, 4}, {false, 2, 5}, {false, 2, 6}, {false, 2, 7}, {false, 2, 8}, {false, 3, 0},
-    {true, 2, 3},  {true, 2, 4},  {true, 2, 5},  {true, 2, 6},  {true, 2, 7},  {true, 2, 8},  {true, 3, 0},
-};
-
-INSTANTIATE_TEST_SUITE_P(, EveryRoute, testing::ValuesIn(Routes), [](const auto& test) {
-    return std::string(test.param.IsBlock ? "Block" : "EntryPoint") + std::to_string(test.param.Major) + "_" +
-           std::to_string(test.param.Minor);
-});
 
 // A table for three mappings: the segment's, its own, and that of an SPD block.
 class ThreeMappings : public testing::Test {
 protected:
-    ThreeMappings() { TheMachine.PutTable(Contents, 2, 7, TableAddress); }
+    ThreeMappings() { TheMachine = Machine::WithEntryPoint(Contents); }
 
     const Bytes Contents = Table({StructureOf(1, 1, "Maker", "Machine", Bytes(21)),
                                   StructureOf(132, 2, Dword{0xFFF00000}, Dword{3}, Bytes(4)),
                                   StructureOf(133, 3, Dword{0xFFFFFFFF}, Dword{0xFFFFFFFE})});
     const std::vector<Events> Mappings = {Mapped(SegmentAddress, SegmentLength),
-                                          Mapped(TableAddress, static_cast<unsigned int>(Contents.size())),
-                                          Mapped(0xFFF00000, 3)};
+                                          Mapped(TableAddress, Contents.size()), Mapped(0xFFF00000, 3)};
 };
 
 // Each fails, with the lock given back and the failure passed on; then none fails.
-TEST_F(ThreeMappings, FailAndTheNextObjectStartsOver)
+TEST_F(ThreeMappings, FailAndTheSingletonStartsOver)
 {
+    TheMachine.Records = true;
     const ResultStatus denied(RESULT_MAPPING_DENIED, "no way", "driver", _XCOMMAND(1));
-    for (int site = 1; site <= 3; ++site) {
-        const Events expected = Joined({Mappings.begin(), Mappings.begin() + site});
-        TheMachine.MapFailure = std::make_exception_ptr(denied);
-        TheMachine.FailingMap = site;
-        TheMachine.Seen.clear();
-        try {
-            SMBIOSProtocolImpl::CreateInstance();
-            FAIL() << "site " << site;
-        } catch (const ResultStatus& failure) {
-            EXPECT_EQ(failure.Code(), denied.Code());
-            EXPECT_EQ(failure.Message(), denied.Message());
-            EXPECT_EQ(failure.Source(), denied.Source());
-            EXPECT_EQ(failure.Command(), denied.Command());
+    const std::exception_ptr failures[] = {std::make_exception_ptr(std::bad_alloc()),
+                                           std::make_exception_ptr(denied)};
+    for (unsigned int site = 1; site <= 3; ++site) {
+        for (const std::exception_ptr& failure : failures) {
+            TheMachine.MapFailure = failure;
+            TheMachine.FailingMap = site;
+            TheMachine.Seen.clear();
+            try {
+                SMBIOSProtocolImpl::CreateInstance();
+                FAIL() << "site " << site;
+            } catch (const ResultStatus& caught) {
+                EXPECT_EQ(caught.Code(), denied.Code());
+                EXPECT_EQ(caught.Message(), denied.Message());
+                EXPECT_EQ(caught.Source(), denied.Source());
+                EXPECT_EQ(caught.Command(), denied.Command());
+            } catch (const std::bad_alloc&) {
+                EXPECT_EQ(failure, failures[0]);
+            }
+            EXPECT_EQ(TheMachine.Seen, Joined({Mappings.begin(), Mappings.begin() + site}));
         }
-        EXPECT_EQ(TheMachine.Seen, expected);
-
-        TheMachine.MapFailure = std::make_exception_ptr(std::bad_alloc());
-        TheMachine.FailingMap = site;
-        TheMachine.Seen.clear();
-        EXPECT_THROW(SMBIOSProtocolImpl::CreateInstance(), std::bad_alloc);
-        EXPECT_EQ(TheMachine.Seen, expected);
     }
-
     TheMachine.Seen.clear();
     SMBIOSProtocolImpl& first = SMBIOSProtocolImpl::CreateInstance();
     EXPECT_EQ(TheMachine.Seen, Joined(Mappings));
-    TheMachine.Seen.clear();
     EXPECT_EQ(&SMBIOSProtocolImpl::CreateInstance(), &first);
-    EXPECT_EQ(LiveLeaf("/SMBIOS/Type1/Manufacturer"), "Maker");
-    unsigned int address = 0;
-    unsigned int size = 0;
+    unsigned int address = 0, size = 0;
     first.GetBiosReservedMem(&address, &size);
     EXPECT_EQ(address, 0xFFFFFFFFU);
     EXPECT_EQ(size, 0xFFFFFFFEU);
-    EXPECT_EQ(TheMachine.Seen, Events()) << "a finished object answers by itself";
+    EXPECT_NE(TextOf(first).find("Maker"), std::string::npos);
+    EXPECT_EQ(TheMachine.Seen, Joined(Mappings)) << "a finished object answers by itself";
 }
 
 TEST_F(ThreeMappings, AreTracedOnDemandEachBeforeItsLock)
 {
     LOGGER::Logger::CreateInstance().TraceLocks = true;
     ASSERT_EQ(Create(), 0);
+    LOGGER::Logger::CreateInstance().TraceLocks = false;
     const auto trace = [](const std::string& function) {
         return Events{Logged(function, "Locking at .\\SMBIOSProtocolImpl: "
                                        "Protocol::SMBIOS::SMBIOSProtocolImpl::" +
@@ -168,6 +121,46 @@ TEST_F(ThreeMappings, GoOnWithoutALock)
     TheMachine.LockIsFree = false;
     EXPECT_EQ(Create(), 0);
     EXPECT_EQ(TheMachine.Seen, Joined(Mappings));
+}
+
+// At most 512 bytes of each block; none where the table ends ahead of the block's size.
+TEST(LiveObject, ReadsTheBytesOfEachMemoryModule)
+{
+    const std::pair<std::uint32_t, std::size_t> sizes[] = {{256, 256},        {0, 0}, {512, 512}, {513, 512},
+                                                           {0xFFFFFFFF, 512}, {3, 3}};
+    Bytes table, bytes(600);
+    std::iota(bytes.begin(), bytes.end(), static_cast<unsigned char>(0x92));
+    std::string text;
+    for (const unsigned char byte : bytes) {
+        char hex[8];
+        std::snprintf(hex, sizeof hex, "0x%02X ", byte);
+        text += hex;
+    }
+    std::vector<Events> mappings = {Mapped(SegmentAddress, SegmentLength), {}};
+    std::uint32_t address = 0xFFF00001;
+    for (const auto& [size, read] : sizes) {
+        table = Join(table, StructureOf(132, 1, Dword{address}, Dword{size}, Bytes(4)).Finished());
+        mappings.push_back(Mapped(address, read));
+        address += 0x1000;
+    }
+    table = Join(table, StructureOf(132, 2, Dword{address}).Finished());
+    mappings[1] = Mapped(TableAddress, table.size());
+
+    TheMachine = Machine::WithEntryPoint(table);
+    for (std::uint32_t block = 0xFFF00001; block != address; block += 0x1000)
+        TheMachine.Memory[block] = bytes;
+    const Machine machine = TheMachine;
+    ASSERT_EQ(Create(), 0);
+    EXPECT_EQ(TheMachine.Seen, Joined(mappings));
+    TheMachine = machine;
+    Tree tree(*NewLiveObject());
+    std::size_t number = 0;
+    for (const auto& [size, read] : sizes) {
+        const std::string block = "/SMBIOS/Type132[" + std::to_string(++number) + "]";
+        EXPECT_EQ(tree.Leaf(block + "/SPD_RAW"), text.substr(0, 5 * read)) << size;
+        EXPECT_EQ(tree.Children(block).back(), "/SPD_RAW");
+    }
+    EXPECT_EQ(tree.Children("/SMBIOS/Type132[7]"), std::vector<std::string>{"/Address"});
 }
 
 } // namespace

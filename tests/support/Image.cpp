@@ -9,23 +9,20 @@ namespace {
 constexpr unsigned char EndOfTable = 127;
 constexpr unsigned char UnreadType = 200;
 
-void Append(Bytes& target, const Bytes& bytes)
+Bytes LittleEndian(std::uint64_t value, std::size_t width)
 {
-    target.insert(target.end(), bytes.begin(), bytes.end());
-}
-
-void AppendLittleEndian(Bytes& target, std::uint64_t value, std::size_t width)
-{
+    Bytes bytes;
     for (std::size_t i = 0; i < width; ++i)
-        target.push_back(static_cast<unsigned char>(value >> 8 * i));
+        bytes.push_back(static_cast<unsigned char>(value >> 8 * i));
+    return bytes;
 }
 
 // Sets the byte at `offset` so that all bytes from `first` on sum to 0.
 void SetChecksum(Bytes& bytes, std::size_t first, std::size_t offset)
 {
+    bytes[offset] = 0;
     const auto begin = bytes.begin() + static_cast<std::ptrdiff_t>(first);
-    const unsigned int sum = std::accumulate(begin, bytes.end(), 0U);
-    bytes[offset] = static_cast<unsigned char>(0U - sum);
+    bytes[offset] = static_cast<unsigned char>(0U - std::accumulate(begin, bytes.end(), 0U));
 }
 
 } // namespace
@@ -35,39 +32,14 @@ Structure::Structure(unsigned char type, std::uint16_t handle)
 {
 }
 
-Structure& Structure::Byte(unsigned int value)
+Structure& Structure::Number(std::uint64_t value, std::size_t width)
 {
-    AppendLittleEndian(Formatted, value, 1);
-    return *this;
-}
-
-Structure& Structure::Word(unsigned int value)
-{
-    AppendLittleEndian(Formatted, value, 2);
-    return *this;
-}
-
-Structure& Structure::Dword(std::uint32_t value)
-{
-    AppendLittleEndian(Formatted, value, 4);
-    return *this;
-}
-
-Structure& Structure::Qword(std::uint64_t value)
-{
-    AppendLittleEndian(Formatted, value, 8);
-    return *this;
+    return Raw(LittleEndian(value, width));
 }
 
 Structure& Structure::Raw(const Bytes& bytes)
 {
-    Append(Formatted, bytes);
-    return *this;
-}
-
-Structure& Structure::Fill(std::size_t count, unsigned char value)
-{
-    Formatted.insert(Formatted.end(), count, value);
+    Formatted = Join(std::move(Formatted), bytes);
     return *this;
 }
 
@@ -85,28 +57,23 @@ Structure& Structure::MoreText(const std::string& text)
     return *this;
 }
 
-Structure& Structure::ClaimLength(unsigned char length)
-{
-    ClaimedLength = length;
-    return *this;
-}
-
 Bytes Structure::Finished() const
 {
-    Bytes bytes = Formatted;
-    bytes[1] =
-        static_cast<unsigned char>(ClaimedLength >= 0 ? ClaimedLength : static_cast<int>(Formatted.size()));
-    Append(bytes, StringSet);
-    bytes.insert(bytes.end(), StringSet.empty() ? 2 : 1, 0);
-    return bytes;
+    const Bytes bytes = With(Formatted, 1, static_cast<unsigned char>(Formatted.size()));
+    return Join(Join(bytes, StringSet), Bytes(StringSet.empty() ? 2 : 1));
 }
 
-Bytes EntryPoint(unsigned char major, unsigned char minor, std::uint16_t tableLength,
+Bytes Join(Bytes left, const Bytes& right)
+{
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+Bytes EntryPoint(unsigned char major, unsigned char minor, std::size_t tableLength,
                  std::uint32_t tableAddress)
 {
     Bytes bytes{'_', 'S', 'M', '_', 0, 31, major, minor, 0, 0, 0, 0, 0, 0, 0, 0, '_', 'D', 'M', 'I', '_', 0};
-    AppendLittleEndian(bytes, tableLength, 2);
-    AppendLittleEndian(bytes, tableAddress, 4);
+    bytes = Join(Join(bytes, LittleEndian(tableLength, 2)), LittleEndian(tableAddress, 4));
     bytes.resize(31);
     bytes[0x1E] = static_cast<unsigned char>(major << 4 | minor);
     SetChecksum(bytes, 0x10, 0x15);
@@ -114,12 +81,25 @@ Bytes EntryPoint(unsigned char major, unsigned char minor, std::uint16_t tableLe
     return bytes;
 }
 
-Bytes EntryPoint64(unsigned char major, unsigned char minor, std::uint32_t tableLength)
+Bytes EntryPoint64(unsigned char major, unsigned char minor, std::size_t tableLength)
 {
-    Bytes bytes{'_', 'S', 'M', '3', '_', 0, 24, major, minor, 0, 1, 0};
-    AppendLittleEndian(bytes, tableLength, 4);
-    AppendLittleEndian(bytes, 0, 8);
+    const Bytes start{'_', 'S', 'M', '3', '_', 0, 24, major, minor, 0, 1, 0};
+    Bytes bytes = Join(Join(start, LittleEndian(tableLength, 4)), Bytes(8));
     SetChecksum(bytes, 0, 5);
+    return bytes;
+}
+
+Bytes WithLength(Bytes entryPoint, unsigned char length)
+{
+    entryPoint.resize(length);
+    entryPoint[5] = length;
+    SetChecksum(entryPoint, 0, 4);
+    return entryPoint;
+}
+
+Bytes With(Bytes bytes, std::size_t offset, unsigned char value)
+{
+    bytes.at(offset) = value;
     return bytes;
 }
 
@@ -127,16 +107,13 @@ Bytes Table(const std::vector<Structure>& structures)
 {
     Bytes table;
     for (const Structure& structure : structures)
-        Append(table, structure.Finished());
-    Append(table, Structure(EndOfTable, 0xFEFF).Finished());
-    return table;
+        table = Join(std::move(table), structure.Finished());
+    return Join(std::move(table), Structure(EndOfTable, 0xFEFF).Finished());
 }
 
 Bytes Image(const Bytes& table, unsigned char major, unsigned char minor)
 {
-    Bytes image = table;
-    Append(image, EntryPoint(major, minor, static_cast<std::uint16_t>(table.size())));
-    return image;
+    return Join(table, EntryPoint(major, minor, table.size()));
 }
 
 Bytes Image(const std::vector<Structure>& structures, unsigned char major, unsigned char minor)
@@ -147,12 +124,6 @@ Bytes Image(const std::vector<Structure>& structures, unsigned char major, unsig
 Bytes ImageWithoutEnd(const Bytes& table, unsigned char major, unsigned char minor)
 {
     return Join(Structure(UnreadType, 0xFEFE).Raw(EntryPoint(major, minor)).Finished(), table);
-}
-
-Bytes Join(Bytes left, const Bytes& right)
-{
-    Append(left, right);
-    return left;
 }
 
 } // namespace TestImages

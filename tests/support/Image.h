@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -14,40 +13,7 @@ namespace TestImages {
 
 using Bytes = std::vector<unsigned char>;
 
-/// One structure. Fields are appended behind the header in the order of the calls.
-class Structure {
-public:
-    Structure(unsigned char type, std::uint16_t handle);
-
-    Structure& Byte(unsigned int value);
-    Structure& Word(unsigned int value);
-    Structure& Dword(std::uint32_t value);
-    Structure& Qword(std::uint64_t value);
-    Structure& Raw(const Bytes& bytes);
-    Structure& Fill(std::size_t count, unsigned char value = 0);
-
-    /// Appends a string to the string set and its number to the formatted area.
-    Structure& Text(const std::string& text);
-    /// Appends a string to the string set alone.
-    Structure& MoreText(const std::string& text);
-
-    /// Gives the length byte a value other than the true length.
-    Structure& ClaimLength(unsigned char length);
-
-    /// The structure with its string set.
-    Bytes Finished() const;
-
-private:
-    Bytes Formatted;
-    Bytes StringSet;
-    unsigned char StringCount = 0;
-    int ClaimedLength = -1;
-};
-
-/// `left` with `right` behind it.
-Bytes Join(Bytes left, const Bytes& right);
-
-/// The parts of StructureOf that are wider than a byte.
+/// The fields of StructureOf that are wider than a byte.
 struct Word {
     unsigned int Value;
 };
@@ -58,51 +24,69 @@ struct Qword {
     std::uint64_t Value;
 };
 
-template <typename Number, std::enable_if_t<std::is_integral_v<Number>, int> = 0>
-void Append(Structure& structure, Number byte)
-{
-    structure.Byte(static_cast<unsigned int>(byte));
-}
-inline void Append(Structure& structure, Word word)
-{
-    structure.Word(word.Value);
-}
-inline void Append(Structure& structure, Dword dword)
-{
-    structure.Dword(dword.Value);
-}
-inline void Append(Structure& structure, Qword qword)
-{
-    structure.Qword(qword.Value);
-}
-inline void Append(Structure& structure, const Bytes& bytes)
-{
-    structure.Raw(bytes);
-}
-/// An empty text takes no string: its number is 0.
-inline void Append(Structure& structure, const std::string& text)
-{
-    if (text.empty())
-        structure.Byte(0);
-    else
-        structure.Text(text);
-}
+/// One structure. Fields are appended behind the header in the order of the calls.
+class Structure {
+public:
+    Structure(unsigned char type, std::uint16_t handle);
+
+    Structure& Byte(unsigned int value) { return Number(value, 1); }
+    Structure& Word(unsigned int value) { return Number(value, 2); }
+    Structure& Dword(std::uint32_t value) { return Number(value, 4); }
+    Structure& Raw(const Bytes& bytes);
+    Structure& Fill(std::size_t count, unsigned char value = 0) { return Raw(Bytes(count, value)); }
+
+    /// Appends a string to the string set and its number to the formatted area.
+    Structure& Text(const std::string& text);
+    /// Appends a string to the string set alone.
+    Structure& MoreText(const std::string& text);
+
+    template <typename Integer, std::enable_if_t<std::is_integral_v<Integer>, int> = 0>
+    void Add(Integer byte)
+    {
+        Byte(static_cast<unsigned int>(byte));
+    }
+    void Add(TestImages::Word word) { Word(word.Value); }
+    void Add(TestImages::Dword dword) { Dword(dword.Value); }
+    void Add(Qword qword) { Number(qword.Value, 8); }
+    void Add(const Bytes& bytes) { Raw(bytes); }
+    /// An empty text takes no string: its number is 0.
+    void Add(const std::string& text) { text.empty() ? Byte(0) : Text(text); }
+
+    /// The structure with its string set.
+    Bytes Finished() const;
+
+private:
+    Structure& Number(std::uint64_t value, std::size_t width);
+
+    Bytes Formatted;
+    Bytes StringSet;
+    unsigned char StringCount = 0;
+};
 
 /// A structure from its fields: a plain number is a byte, a text a string reference.
 template <typename... Fields>
 Structure StructureOf(unsigned char type, std::uint16_t handle, const Fields&... fields)
 {
     Structure structure(type, handle);
-    (Append(structure, fields), ...);
+    (structure.Add(fields), ...);
     return structure;
 }
 
+/// `left` with `right` behind it.
+Bytes Join(Bytes left, const Bytes& right);
+
 /// A 32-bit entry point of 31 bytes with a right checksum.
-Bytes EntryPoint(unsigned char major, unsigned char minor, std::uint16_t tableLength = 0,
+Bytes EntryPoint(unsigned char major, unsigned char minor, std::size_t tableLength = 0,
                  std::uint32_t tableAddress = 0);
 
 /// A 64-bit entry point of 24 bytes with right checksum.
-Bytes EntryPoint64(unsigned char major, unsigned char minor, std::uint32_t tableLength);
+Bytes EntryPoint64(unsigned char major, unsigned char minor, std::size_t tableLength);
+
+/// An entry point with another length, with zeros up to there, and a checksum that holds.
+Bytes WithLength(Bytes entryPoint, unsigned char length);
+
+/// `bytes` with another one at `offset`.
+Bytes With(Bytes bytes, std::size_t offset, unsigned char value);
 
 /// The structures one behind the other, with the end structure behind them.
 Bytes Table(const std::vector<Structure>& structures);

@@ -1,4 +1,4 @@
-// An object built from an image, and short ways to ask it.
+// Short ways to ask an object.
 
 #pragma once
 
@@ -6,18 +6,44 @@
 #include "support/Image.h"
 
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
+using Protocol::SMBIOS::SMBIOSProtocolImpl;
 using SearchResult = std::map<std::string, _XNode>;
 
+/// Decodes the image. The bytes are gone when this returns: the object may not look back at them.
+inline std::unique_ptr<SMBIOSProtocolImpl> Decoded(TestImages::Bytes image,
+                                                   const std::string& rootPath = "/SMBIOS")
+{
+    image.shrink_to_fit(); // a read beyond the image leaves its heap block
+    return std::make_unique<SMBIOSProtocolImpl>(image.data(), static_cast<unsigned short>(image.size()),
+                                                rootPath);
+}
+
+/// All of an object's tree as text, a line a node.
+inline std::string TextOf(SMBIOSProtocolImpl& object)
+{
+    SearchResult nodes;
+    object.SMBiosSearch("/SMBIOS", nodes);
+    std::string text;
+    for (const auto& [path, node] : nodes) {
+        text += path + (node.NodeType == NODE_LEAF ? " =" : " :");
+        for (const std::string& item : node.Items)
+            text += " " + item;
+        text += "\n";
+    }
+    return text;
+}
+
+/// A copy of an object.
 class Tree {
 public:
-    /// Decodes the image. The bytes are gone when this returns: the object may not look back at them.
-    explicit Tree(TestImages::Bytes image, const std::string& rootPath = "/SMBIOS")
-        : Object(image.data(), static_cast<unsigned short>(image.size()), rootPath)
+    explicit Tree(SMBIOSProtocolImpl& source) : Object(source) {}
+    explicit Tree(const TestImages::Bytes& image, const std::string& rootPath = "/SMBIOS")
+        : Tree(*Decoded(image, rootPath))
     {
-        image.assign(image.size(), 0xEE);
     }
 
     SearchResult Search(const std::string& path)
@@ -58,7 +84,7 @@ public:
         return lines;
     }
 
-    Protocol::SMBIOS::SMBIOSProtocolImpl Object;
+    SMBIOSProtocolImpl Object;
 
 private:
     static void AddLeaves(const SearchResult& nodes, const std::string& path, std::size_t prefix,

@@ -1,8 +1,6 @@
 // The files behind the lock on Linux, in folders where strangers can write.
 
-#include "Holder.h"
-#include "SMBIOSProtocol/Logger.h"
-#include "services/CMySemLock.h"
+#include "Attempt.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +10,6 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <vector>
 
 using Common::CMySemLock;
 
@@ -20,22 +17,6 @@ namespace {
 
 constexpr const char* Folders[] = {"/run/lock", "/tmp"};
 constexpr uid_t Nobody = 65534;
-
-// Takes the lock and gives it back: the error, and what the log says.
-struct Attempt {
-    explicit Attempt(const std::string& name)
-    {
-        LOGGER::Logger::CreateInstance().SetSink(
-            [this](const LOGGER::LogLine& line) { Log.push_back(line.Message); });
-        _MY_LOCK lock;
-        Error = CMySemLock::AcquireSymLock(lock, name.c_str());
-        CMySemLock::ReleaseSymLock(lock);
-        LOGGER::Logger::CreateInstance().SetSink(nullptr);
-    }
-
-    int Error;
-    std::vector<std::string> Log;
-};
 
 TEST(LockFile, IsNoLinkThatAStrangerPlaced)
 {

@@ -1,47 +1,108 @@
 // The named lock of the system, between threads and between real processes.
 
-#include "Holder.h"
-#include "SMBIOSProtocol/Logger.h"
-#include "services/CMySemLock.h"
+#include "Attempt.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 #include <chrono>
+#include <filesystem>
+#include <fstream>
 #include <future>
+#include <stdexcept>
 #include <thread>
-#include <vector>
+
+#if defined(_WIN32)
+#include <windows.h>
+#define popen _popen
+#define pclose _pclose
+#else
+#include <csignal>
+#endif
 
 using Common::CMySemLock;
 using namespace std::chrono_literals;
 
 namespace {
 
+std::string Program; // this program's file
+
+// Exists from when the other process has the lock until this one has seen it.
+std::filesystem::path SignOf(const std::string& name)
+{
+    return std::filesystem::temp_directory_path() / (name + ".taken");
+}
+
+// What the other process does: a byte of input kills it, the end has it give the lock back.
+int Hold(const char* name)
+{
+    _MY_LOCK lock;
+    if (CMySemLock::AcquireSymLock(lock, name) != 0)
+        return 1;
+    std::ofstream(SignOf(name)).close();
+    if (std::getchar() != EOF) {
+#if defined(_WIN32)
+        TerminateProcess(GetCurrentProcess(), 1);
+#else
+        std::raise(SIGKILL);
+#endif
+    }
+    CMySemLock::ReleaseSymLock(lock);
+    return 0;
+}
+
+// Another process that holds the lock.
+class Holder {
+public:
+    explicit Holder(const LockName& name) : Input(popen((Program + " hold " + name.Text).c_str(), "w"))
+    {
+        const auto giveUp = std::chrono::steady_clock::now() + 20s;
+        std::error_code inUse; // while the other process still writes it
+        while (!std::filesystem::remove(SignOf(name.Text), inUse)) {
+            if (Input == nullptr || std::chrono::steady_clock::now() > giveUp)
+                throw std::runtime_error("the other process did not take the lock");
+            std::this_thread::sleep_for(5ms);
+        }
+    }
+    Holder(const Holder&) = delete;
+    Holder& operator=(const Holder&) = delete;
+    ~Holder() { GiveBack(); }
+
+    void GiveBack()
+    {
+        if (Input != nullptr)
+            pclose(Input);
+        Input = nullptr;
+    }
+    void Kill()
+    {
+        std::fputc('k', Input);
+        GiveBack();
+    }
+
+private:
+    std::FILE* Input;
+};
+
 class Lock : public testing::Test {
 protected:
     // Takes the lock on a thread of its own, and gives it back there.
     std::future<int> TakeAside()
     {
-        return std::async(std::launch::async, [name = Name.Text] {
-            _MY_LOCK lock;
-            const int error = CMySemLock::AcquireSymLock(lock, name.c_str());
-            CMySemLock::ReleaseSymLock(lock);
-            return error;
-        });
+        return std::async(std::launch::async, [name = Name.Text] { return Attempt(name).Error; });
+    }
+
+    // Whether it has to wait for the lock, and gets it once `end` has ended the other process's hold.
+    bool IsHeldUntil(Holder& holder, void (Holder::*end)())
+    {
+        std::future<int> taking = TakeAside();
+        const bool waits = taking.wait_for(200ms) == std::future_status::timeout;
+        (holder.*end)();
+        return waits && taking.wait_for(5s) == std::future_status::ready && taking.get() == 0;
     }
 
     LockName Name;
 };
-
-bool Waits(std::future<int>& taking)
-{
-    return taking.wait_for(200ms) == std::future_status::timeout;
-}
-
-bool Arrives(std::future<int>& taking)
-{
-    return taking.wait_for(5s) == std::future_status::ready && taking.get() == 0;
-}
 
 TEST_F(Lock, ExcludesTheThreadsOfOneProcess)
 {
@@ -65,53 +126,30 @@ TEST_F(Lock, ExcludesTheThreadsOfOneProcess)
     EXPECT_EQ(met, 0);
 }
 
-TEST_F(Lock, ExcludesAnotherProcessUntilItGivesTheLockBack)
+// The second holder shows that the lock is whole again.
+TEST_F(Lock, ExcludesAnotherProcessUntilItDiesOrGivesTheLockBack)
 {
-    Holder other(Name);
-    std::future<int> taking = TakeAside();
-    EXPECT_TRUE(Waits(taking));
-    other.GiveBack();
-    EXPECT_TRUE(Arrives(taking));
-}
-
-TEST_F(Lock, IsFreedByTheDeathOfItsHolder)
-{
-    Holder other(Name);
-    std::future<int> taking = TakeAside();
-    EXPECT_TRUE(Waits(taking));
-    other.Kill();
-    EXPECT_TRUE(Arrives(taking));
-
+    Holder dying(Name);
+    EXPECT_TRUE(IsHeldUntil(dying, &Holder::Kill));
     Holder next(Name);
-    taking = TakeAside();
-    EXPECT_TRUE(Waits(taking)) << "the lock is whole again";
-    next.GiveBack();
-    EXPECT_TRUE(Arrives(taking));
+    EXPECT_TRUE(IsHeldUntil(next, &Holder::GiveBack));
 }
 
 TEST_F(Lock, IsGivenUpAfterAWhileWithALineInTheLog)
 {
-    std::vector<std::string> lines;
-    LOGGER::Logger::CreateInstance().SetSink(
-        [&](const LOGGER::LogLine& line) { lines.push_back(line.Message); });
     Holder other(Name);
-    _MY_LOCK lock;
-    EXPECT_NE(CMySemLock::AcquireSymLock(lock, Name.Text.c_str()), 0);
-    CMySemLock::ReleaseSymLock(lock);
+    const Attempt inVain(Name.Text);
+    EXPECT_NE(inVain.Error, 0);
+    ASSERT_EQ(inVain.Log.size(), 1U);
+    EXPECT_EQ(inVain.Log[0].rfind("Going on without the lock " + Name.Text, 0), 0U) << inVain.Log[0];
     std::future<int> again = TakeAside();
     EXPECT_EQ(again.wait_for(5s), std::future_status::ready) << "a process waits in vain once";
     EXPECT_NE(again.get(), 0);
-    LOGGER::Logger::CreateInstance().SetSink(nullptr);
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(lines[0].rfind("Going on without the lock " + Name.Text, 0), 0U) << lines[0];
 
     other.GiveBack();
     EXPECT_EQ(TakeAside().get(), 0);
     Holder next(Name);
-    again = TakeAside();
-    EXPECT_TRUE(Waits(again)) << "once free, the lock is worth waiting for";
-    next.GiveBack();
-    EXPECT_TRUE(Arrives(again));
+    EXPECT_TRUE(IsHeldUntil(next, &Holder::GiveBack)) << "once free, the lock is worth waiting for";
 }
 
 } // namespace
@@ -119,8 +157,8 @@ TEST_F(Lock, IsGivenUpAfterAWhileWithALineInTheLog)
 int main(int count, char* arguments[])
 {
     if (count == 3 && std::string(arguments[1]) == "hold")
-        return Holder::Main(arguments[2]);
-    Holder::Program = arguments[0];
+        return Hold(arguments[2]);
+    Program = arguments[0];
     testing::InitGoogleTest(&count, arguments);
     return RUN_ALL_TESTS();
 }

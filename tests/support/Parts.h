@@ -6,11 +6,12 @@
 
 namespace TestImages {
 
-/// A processor with the handles of its first two caches; its socket is filled.
+/// A processor with the handles of its first two caches; its socket is filled. Its voltage byte 3 is the
+/// legacy form, whose text has line feeds and tabs.
 inline Structure Processor(std::uint16_t handle, unsigned int cache1 = 0xFFFF, unsigned int cache2 = 0xFFFF,
                            unsigned int status = 0x41, const std::string& socket = "CPU")
 {
-    return StructureOf(4, handle, socket, 3, 1, "", Bytes(16), status, 0, Word{cache1}, Word{cache2},
+    return StructureOf(4, handle, socket, 3, 1, "", Bytes(16, 3), status, 0, Word{cache1}, Word{cache2},
                        Word{0xFFFF}, Bytes(10));
 }
 
