@@ -38,6 +38,6 @@ bool AreEqual(const Tree& left, const Tree& right);
 /// A number of the input's own, by which it is spread over tests that would be too slow all together.
 unsigned int ShareOf(const unsigned char* data, std::size_t size);
 
-/// Tests what holds for `object`, whose whole tree is `tree`, and for one share also its subtrees, its
-/// descents or its copies.
+/// Tests what holds for `object`, whose whole tree is `tree`, and also, by its share, its subtrees or
+/// its copies.
 void CheckObject(SMBIOSProtocolImpl& object, const Tree& tree, unsigned int share);

@@ -71,14 +71,4 @@ TEST(Search, AddsToTheMap)
     EXPECT_EQ(result.at(first).Flag, 0);
 }
 
-// A leaf's text is never taken for a path.
-TEST(Search, TextsThatReadLikePaths)
-{
-    Tree tree(
-        Image({StructureOf(1, 1, "/SMBIOS", "/SMBIOS/Type1", "/SMBIOS/Type1/ProductName", "", Bytes(19))}));
-    const std::string leaf = "/SMBIOS/Type1/Manufacturer";
-    EXPECT_EQ(Keys(tree.Search(leaf)), std::vector<std::string>{leaf});
-    EXPECT_EQ(tree.Search("/SMBIOS/Type1").size(), 9U);
-}
-
 } // namespace

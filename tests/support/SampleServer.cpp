@@ -29,56 +29,34 @@ constexpr Word UnknownWidth{0xFFFF};
 
 constexpr std::uint32_t Gigabyte = 1024 * 1024; // in kilobytes
 
-struct CacheRow {
-    std::string Name;
-    unsigned int Configuration, Size, Kind, Associativity;
-};
+void Add(Structures& table, const Structures& more)
+{
+    table.insert(table.end(), more.begin(), more.end());
+}
 
-void AddCaches(Structures& table, const std::vector<CacheRow>& caches)
+Structure Cache(unsigned int number, const std::string& name, unsigned int configuration, unsigned int size,
+                unsigned int kind, unsigned int associativity)
 {
     constexpr Word Synchronous{0x20};
     constexpr unsigned int SingleBitEcc = 5;
-    std::uint16_t handle = FirstCache;
-    for (const CacheRow& cache : caches)
-        table.push_back(StructureOf(7, handle++, cache.Name, Word{cache.Configuration}, Word{cache.Size},
-                                    Word{cache.Size}, Synchronous, Synchronous, 0, SingleBitEcc, cache.Kind,
-                                    cache.Associativity));
+    return StructureOf(7, static_cast<std::uint16_t>(FirstCache + number), name, Word{configuration},
+                       Word{size}, Word{size}, Synchronous, Synchronous, 0, SingleBitEcc, kind,
+                       associativity);
 }
 
-struct PortRow {
-    std::string Inside;
-    unsigned int InsideConnector;
-    std::string Outside;
-    unsigned int OutsideConnector, Kind;
-};
-
-void AddPorts(Structures& table, const std::vector<PortRow>& ports)
+Structure Port(unsigned int number, const std::string& inside, unsigned int insideConnector,
+               const std::string& outside, unsigned int outsideConnector, unsigned int kind)
 {
-    std::uint16_t handle = FirstPort;
-    for (const PortRow& port : ports)
-        table.push_back(StructureOf(8, handle++, port.Inside, port.InsideConnector, port.Outside,
-                                    port.OutsideConnector, port.Kind));
+    return StructureOf(8, static_cast<std::uint16_t>(FirstPort + number), inside, insideConnector, outside,
+                       outsideConnector, kind);
 }
 
-struct SlotRow {
-    std::string Name;
-    unsigned int Type, Width, Usage, Device;
-};
-
-// From revision 2.6 on a slot tells its place on the bus.
-void AddSlots(Structures& table, const std::vector<SlotRow>& slots, bool withBus)
+Structure Slot(unsigned int id, const std::string& name, unsigned int type, unsigned int width,
+               unsigned int usage)
 {
     constexpr unsigned int LongLength = 4, Gives3V3 = 0x04, PowerManagement = 0x01;
-    std::uint16_t handle = FirstSlot;
-    unsigned int id = 1;
-    for (const SlotRow& slot : slots) {
-        Structure structure = StructureOf(9, handle++, slot.Name, slot.Type, slot.Width, slot.Usage,
-                                          LongLength, Word{id}, Gives3V3, PowerManagement);
-        if (withBus)
-            structure.Word(0).Byte(id).Byte(slot.Device << 3);
-        table.push_back(structure);
-        ++id;
-    }
+    return StructureOf(9, static_cast<std::uint16_t>(FirstSlot + id - 1), name, type, width, usage,
+                       LongLength, Word{id}, Gives3V3, PowerManagement);
 }
 
 struct DeviceRow {
@@ -167,25 +145,20 @@ void AddServerProcessors(Structures& table)
     table.push_back(StructureOf(4, FirstProcessor + 1, "CPU2", Central, UnknownFamily, "", Qword{0}, "", 0,
                                 Word{133}, Word{3200}, Word{0}, 0x00, Upgrade, NoCache, NoCache, NoCache, "",
                                 "", "", 0, 0, 0, Word{0}, Word{UnknownFamily}));
-    AddCaches(table, {{"L1 Cache", 0x0180, 512, 4, 7},
-                      {"L2 Cache", 0x0181, 2048, 5, 7},
-                      {"L3 Cache", 0x0182, 0x8000 | 320, 5, 14}});
+    Add(table, {Cache(0, "L1 Cache", 0x0180, 512, 4, 7), Cache(1, "L2 Cache", 0x0181, 2048, 5, 7),
+                Cache(2, "L3 Cache", 0x0182, 0x8000 | 320, 5, 14)});
 }
 
 void AddServerConnectors(Structures& table)
 {
-    AddPorts(table, {{"J1", 0x00, "VGA", 0x07, 0x1C},
-                     {"J2", 0x00, "USB 1", 0x12, 0x10},
-                     {"J3", 0x00, "LAN 1", 0x0B, 0x1F},
-                     {"J4", 0x00, "LAN 2", 0x0B, 0x1F},
-                     {"J5", 0x00, "COM A", 0x08, 0x09},
-                     {"SATA 0", 0x22, "", 0x00, 0x20}});
-    AddSlots(table,
-             {{"SLOT 1 PCIe 2.0 x8", 0xAF, 11, 4, 1},
-              {"SLOT 2 PCIe 2.0 x16", 0xB0, 13, 3, 3},
-              {"RISER SLOT 3 PCIe 2.0 x4", 0xAE, 10, 4, 5},
-              {"SLOT 4 PCI", 0x06, 5, 3, 7}},
-             true);
+    Add(table, {Port(0, "J1", 0x00, "VGA", 0x07, 0x1C), Port(1, "J2", 0x00, "USB 1", 0x12, 0x10),
+                Port(2, "J3", 0x00, "LAN 1", 0x0B, 0x1F), Port(3, "J4", 0x00, "LAN 2", 0x0B, 0x1F),
+                Port(4, "J5", 0x00, "COM A", 0x08, 0x09), Port(5, "SATA 0", 0x22, "", 0x00, 0x20)});
+    // From revision 2.6 on a slot tells its place on the bus.
+    Add(table, {Slot(1, "SLOT 1 PCIe 2.0 x8", 0xAF, 11, 4).Raw({0, 0, 1, 1 << 3}),
+                Slot(2, "SLOT 2 PCIe 2.0 x16", 0xB0, 13, 3).Raw({0, 0, 2, 3 << 3}),
+                Slot(3, "RISER SLOT 3 PCIe 2.0 x4", 0xAE, 10, 4).Raw({0, 0, 3, 5 << 3}),
+                Slot(4, "SLOT 4 PCI", 0x06, 5, 3).Raw({0, 0, 4, 7 << 3})});
     table.push_back(StructureOf(10, FirstOnBoardDevice, 0x83, "Birk Graphics BG1"));
     table.push_back(StructureOf(10, FirstOnBoardDevice + 1, 0x85, "Lofoten Networks LN-2G"));
     table.push_back(StructureOf(10, FirstOnBoardDevice + 2, 0x09, "SATA controller"));
@@ -273,12 +246,10 @@ Bytes Desktop()
                                 Bytes{0xB2, 0x0F, 0x02, 0x00, 0xFF, 0xFB, 0x8B, 0x17}, "Halden HM2-2000",
                                 0x80 | 14, Word{200}, Word{2200}, Word{2000}, 0x41, Socket939,
                                 Word{FirstCache}, Word{FirstCache + 1}, NoCache, "", "", ""));
-    AddCaches(table, {{"Internal Cache", 0x0180, 64, 5, 4}, {"External Cache", 0x0181, 512, 5, 7}});
-    AddPorts(table, {{"PRIMARY IDE", 0x16, "", 0x00, 0xFF},
-                     {"", 0x00, "Keyboard", 0x0F, 0x0D},
-                     {"", 0x00, "LPT 1", 0x05, 0x05},
-                     {"", 0x00, "USB 1", 0x12, 0x10}});
-    AddSlots(table, {{"PCIEX16", 0xA5, 13, 4, 0}, {"PCI1", 0x06, 5, 3, 0}, {"PCI2", 0x06, 5, 4, 0}}, false);
+    Add(table, {Cache(0, "Internal Cache", 0x0180, 64, 5, 4), Cache(1, "External Cache", 0x0181, 512, 5, 7)});
+    Add(table, {Port(0, "PRIMARY IDE", 0x16, "", 0x00, 0xFF), Port(1, "", 0x00, "Keyboard", 0x0F, 0x0D),
+                Port(2, "", 0x00, "LPT 1", 0x05, 0x05), Port(3, "", 0x00, "USB 1", 0x12, 0x10)});
+    Add(table, {Slot(1, "PCIEX16", 0xA5, 13, 4), Slot(2, "PCI1", 0x06, 5, 3), Slot(3, "PCI2", 0x06, 5, 4)});
     table.push_back(StructureOf(10, FirstOnBoardDevice, 0x87, "Murmur Audio MA6"));
     table.push_back(StructureOf(13, 0x0D00, 1, 0x00, Bytes(15), "en-US"));
     table.push_back(Array(FirstArray, NoErrorCorrection, 4, NotProvided, 4));
