@@ -123,7 +123,7 @@ TEST_F(ThreeMappings, GoOnWithoutALock)
     EXPECT_EQ(TheMachine.Seen, Joined(Mappings));
 }
 
-// At most 512 bytes of each block; none where the table ends ahead of the block's size.
+// At most 512 bytes of each block; none where the table ends ahead of the block's size or address.
 TEST(LiveObject, ReadsTheBytesOfEachMemoryModule)
 {
     const std::pair<std::uint32_t, std::size_t> sizes[] = {{256, 256},        {0, 0}, {512, 512}, {513, 512},
@@ -161,6 +161,9 @@ TEST(LiveObject, ReadsTheBytesOfEachMemoryModule)
         EXPECT_EQ(tree.Children(block).back(), "/SPD_RAW");
     }
     EXPECT_EQ(tree.Children("/SMBIOS/Type132[7]"), std::vector<std::string>{"/Address"});
+
+    TheMachine = Machine::WithEntryPoint(StructureOf(132, 1).Finished());
+    EXPECT_TRUE(Tree(*NewLiveObject()).Children("/SMBIOS/Type132[1]").empty());
 }
 
 } // namespace
