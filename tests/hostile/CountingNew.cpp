@@ -5,6 +5,10 @@
 #include <malloc.h>
 #include <new>
 
+#if defined(_WIN32)
+#define malloc_usable_size _msize
+#endif
+
 std::size_t CountingNew::Held = 0;
 std::size_t CountingNew::Peak = 0;
 std::size_t CountingNew::Count = 0;
