@@ -49,8 +49,9 @@ void TestTree()
     source.SMBiosSearch("/SMBIOS/Type1", nodes);
     Expect(nodes.size() > 1 && tree.Calls == nodes.size(), "a derived class sees descents");
 
-    SMBIOSProtocolImpl copy(tree);
-    copy = tree;
+    SMBIOSProtocolImpl& object = tree;
+    SMBIOSProtocolImpl copy(object);
+    copy = object;
     copy.SMBiosSearch("/SMBIOS/Type1", nodes);
     Expect(nodes.at("/SMBIOS/Type1/Manufacturer").Items.at(0) == "Acme", "the manufacturer is read");
     unsigned int address = 1;
@@ -63,7 +64,7 @@ void TestFailure()
 {
     try {
         unsigned char nothing[] = {1, 2, 3};
-        SMBIOSProtocolImpl(nothing, sizeof nothing, "/SMBIOS");
+        const SMBIOSProtocolImpl refused(nothing, sizeof nothing, "/SMBIOS");
         Expect(false, "an image without an entry point is refused");
     } catch (const std::exception& caught) {
         const auto* failure = dynamic_cast<const ResultStatus*>(&caught);
