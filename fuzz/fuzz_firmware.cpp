@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     block.resize(std::max<std::size_t>(block.size(), machine.QueriedSize)); // zeros behind the truth
     const std::size_t claimed = static_cast<std::size_t>(block[4] | block[5] << 8);
     const std::size_t length = std::min(claimed, block.size() - HeaderSize);
-    const Bytes table(&block[0] + HeaderSize, &block[0] + HeaderSize + length);
+    const Bytes table(block.data() + HeaderSize, block.data() + HeaderSize + length);
     Require(CheckRoute(FakeSystem::Machine::WithEntryPoint(table, block[1], block[2]), tree),
             "a table is accepted on both live routes");
     return 0;
