@@ -26,8 +26,7 @@ std::uint64_t StartOf(std::string_view text)
 const char* TreeTooLarge::what() const noexcept
 {
     return "the SMBIOS table would make a tree of more than 1,048,576 writes: it is damaged, or made to "
-           "exhaust "
-           "memory";
+           "exhaust memory";
 }
 
 NodeStore::~NodeStore()
