@@ -119,6 +119,21 @@ TEST(Links, LeafOverLinkKeepsItsValueAheadOfTheLink)
     EXPECT_EQ(tree.Leaf(path + "/Handle"), "0x0003");
 }
 
+// The other way round the value goes, and what a link leads to is listed as often as it is followed.
+TEST(Links, LinkOverLeafOrLinkIsInner)
+{
+    for (const auto& [firstLink, times] : {std::pair(0xFFFF, 1U), std::pair(3, 2U)}) {
+        Tree tree(
+            Image({MemoryArray(1, 0x1100), MemoryDevice(1, 8, "A", static_cast<std::uint16_t>(firstLink)),
+                   MemoryDevice(1, 8, "B", 3), MemoryError(3)}));
+        const std::string path = "/SMBIOS/Type16[1]/MemoryErrorInfoHandle/MemoryErrorInfoHandle";
+        const SearchResult all = tree.Search("/SMBIOS");
+        EXPECT_EQ(all.at(path).NodeType, NODE_INNER);
+        EXPECT_EQ(all.at(path).Items.size(), 8U * times);
+        EXPECT_EQ(all.count(path + "/Handle"), 1U);
+    }
+}
+
 /// How many links are followed one behind the other, from the first processor's on.
 std::size_t Depth(Tree& tree)
 {
