@@ -1,12 +1,13 @@
 // What the library's work costs, as ratios measured in one run.
 //
 // Construction is held against its floor: the finished nodes, put from ready text into a hash map of full
-// paths to nodes of their own, and freed. A query is held against copying its result. Pairs that form a ratio
-// run interleaved, so that a machine that changes its pace changes both.
+// paths to nodes of their own, and freed. A query is held against copying its result, a visit of every node
+// in place against a search for all of them. Pairs that form a ratio run interleaved, so that a machine that
+// changes its pace changes both.
 
-#include "Memory.h"
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
-#include "support/Image.h"
+#include "bench/CountingNew.h"
+#include "samples/Image.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -26,9 +27,10 @@
 
 namespace {
 
+using Protocol::SMBIOS::NodeView;
 using Protocol::SMBIOS::SMBIOSProtocolImpl;
 using SearchResult = std::map<std::string, _XNode>;
-using TestImages::Bytes;
+using Images::Bytes;
 
 constexpr const char* Root = "/SMBIOS";
 
@@ -95,6 +97,31 @@ void Query(benchmark::State& state, const Subject& subject, const std::string& p
     }
 }
 
+void Find(benchmark::State& state, const Subject& subject, const std::string& path)
+{
+    const auto object = subject.Object();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(object->Find(path));
+}
+
+// The bytes of text of a node and all below it.
+std::size_t Visited(NodeView node)
+{
+    if (node.IsLeaf())
+        return node.Path().size() + node.Value().size();
+    std::size_t size = node.Path().size();
+    for (const NodeView child : node.DistinctChildren())
+        size += Visited(child);
+    return size;
+}
+
+void Visit(benchmark::State& state, const Subject& subject)
+{
+    const auto object = subject.Object();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(Visited(object->Find(Root)));
+}
+
 void CopyResult(benchmark::State& state, const Subject& subject, const std::string& path)
 {
     const SearchResult nodes = subject.Search(path);
@@ -125,23 +152,23 @@ void RunTool(benchmark::State& state, const std::string& tool, const std::string
 // `count` memory devices, spread over a tenth as many arrays; a processor with a linked cache for each four.
 Bytes Growing(int count)
 {
-    std::vector<TestImages::Structure> structures;
+    std::vector<Images::Structure> structures;
     const int arrays = std::max(1, count / 10);
     structures.reserve(static_cast<std::size_t>(count) + static_cast<std::size_t>(arrays));
     for (int i = 0; i < arrays; ++i)
-        structures.push_back(TestImages::Structure(16, static_cast<std::uint16_t>(0x1000 + i))
+        structures.push_back(Images::Structure(16, static_cast<std::uint16_t>(0x1000 + i))
                                  .Raw({3, 3, 6})
                                  .Dword(0x400000)
                                  .Word(0xFFFE)
                                  .Word(10));
     for (int i = 0; i < count; ++i)
-        structures.push_back(TestImages::Structure(17, static_cast<std::uint16_t>(0x2000 + i))
+        structures.push_back(Images::Structure(17, static_cast<std::uint16_t>(0x2000 + i))
                                  .Word(static_cast<unsigned int>(0x1000 + i % arrays))
                                  .Word(0xFFFE)
                                  .Raw({72, 0, 64, 0, 0, 8, 9, 0})
                                  .Text("D" + std::to_string(i))
                                  .Fill(11));
-    return TestImages::Image(structures);
+    return Images::Image(structures);
 }
 
 Subject Read(const std::string& path)
@@ -198,24 +225,28 @@ void Register(const Subject& subject)
     add("construct", Construct, subject);
     add("floor", ConstructFloor, subject);
     add("leaf", Query, subject, std::string("/SMBIOS/Type0/BIOSVendor"));
+    add("find", Find, subject, std::string("/SMBIOS/Type0/BIOSVendor"));
     add("subtree", Query, subject, std::string("/SMBIOS/Type0"));
     add("subtree copy", CopyResult, subject, std::string("/SMBIOS/Type0"));
     add("tree", Query, subject, std::string(Root));
     add("tree copy", CopyResult, subject, std::string(Root));
+    add("visit", Visit, subject);
 }
 
 void PrintRow(const Subject& subject, const Medians& medians)
 {
     const auto time = [&](const char* what) { return medians[subject.Name + "/" + what]; };
     const std::size_t nodes = subject.Search(Root).size();
-    Memory::Begin();
+    const std::size_t before = CountingNew::Held;
+    CountingNew::Peak = before;
     const auto object = subject.Object();
-    const Memory::Use use = Memory::SinceBegin();
-    std::printf("| %-24s | %6zu | %9.1f | %5.2f | %5.0f | %5.2f | %5.2f | %5.0f | %5.2f |\n",
+    const std::size_t held = CountingNew::Held - before, peak = CountingNew::Peak - before;
+    std::printf("| %-24s | %6zu | %9.1f | %5.2f | %5.0f | %5.1f | %6.3f | %5.2f | %5.2f | %5.0f | %5.2f |\n",
                 subject.Name.c_str(), nodes, time("construct") / 1000, time("construct") / time("floor"),
-                time("leaf"), time("subtree") / time("subtree copy"), time("tree") / time("tree copy"),
-                static_cast<double>(use.Held) / static_cast<double>(nodes),
-                static_cast<double>(use.Peak) / static_cast<double>(use.Held));
+                time("leaf"), time("find"), time("visit") / time("tree"),
+                time("subtree") / time("subtree copy"), time("tree") / time("tree copy"),
+                static_cast<double>(held) / static_cast<double>(nodes),
+                static_cast<double>(peak) / static_cast<double>(held));
 }
 
 void PrintStart(const std::vector<Subject>& subjects, const Medians& medians)
@@ -269,9 +300,12 @@ int main(int argc, char** argv)
     benchmark::RunSpecifiedBenchmarks(&medians);
 
     std::printf(
-        "| image                    |  nodes | construct | / its | leaf  |subtree| tree  | bytes | peak  |\n"
-        "|                          |        |        us | floor |    ns | /copy | /copy |/ node | /held |\n"
-        "|--------------------------|-------:|----------:|------:|------:|------:|------:|------:|------:|"
+        "| image                    |  nodes | construct | / its | leaf  | find  | visit/ |subtree| tree  | "
+        "bytes | peak  |\n"
+        "|                          |        |        us | floor |    ns |    ns | search | /copy | /copy |/ "
+        "node | /held |\n"
+        "|--------------------------|-------:|----------:|------:|------:|------:|-------:|------:|------:|-"
+        "-----:|------:|"
         "\n");
     for (const Subject& subject : subjects)
         PrintRow(subject, medians);

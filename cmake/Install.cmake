@@ -14,7 +14,7 @@ install(TARGETS SMBIOSProtocol smbiosprotocol_usage
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/SMBIOSProtocol
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/SMBIOSProtocol ${PROJECT_BINARY_DIR}/include/SMBIOSProtocol
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development
     FILES_MATCHING PATTERN "*.h")
 
@@ -57,4 +57,12 @@ if(MINGW)
         install(FILES ${PROJECT_BINARY_DIR}/runtime/${runtime}
             DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT library)
     endforeach()
+endif()
+
+# The project around this one may have a target of that name.
+if(SMBIOSPROTOCOL_IS_TOP_LEVEL)
+    add_custom_target(uninstall
+        COMMAND ${CMAKE_COMMAND} -DMANIFEST=${PROJECT_BINARY_DIR}/install_manifest.txt
+                -P ${CMAKE_CURRENT_LIST_DIR}/Uninstall.cmake
+        VERBATIM)
 endif()

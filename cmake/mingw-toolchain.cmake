@@ -9,7 +9,8 @@ set(CMAKE_CXX_COMPILER ${mingw}-g++-posix)
 set(CMAKE_RC_COMPILER ${mingw}-windres)
 set(CMAKE_CROSSCOMPILING_EMULATOR wine)
 
-set(CMAKE_FIND_ROOT_PATH /usr/${mingw})
+# Packages are found among the toolchain's own and where the builder says, never among this system's.
+set(CMAKE_FIND_ROOT_PATH /usr/${mingw} ${CMAKE_PREFIX_PATH})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

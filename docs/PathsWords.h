@@ -18,6 +18,14 @@ library's catalogues by `scripts/generate`; a test fails where it is stale.
   a text in it reads as an empty text.
 - A leaf holds one text. An inner node holds the paths of its children.
 - Fields that lie past the end of the SMBIOS table have no node.
+- A type without `[n]` that occurs again lists all its fields again, and each of them is decoded over the one
+  before: a list of children has such a path twice. `NodeView::DistinctChildren` gives each once.
+- A name can hold "/": `/SMBIOS/Type0/BIOSCharacteristics/VL/VESA` is one leaf below `BIOSCharacteristics`. So a
+  path is not to be taken apart at its slashes; `NodeView` gives a node's name and its children.
+- Numbers are decimal in the tree, also where a special value reads better in hexadecimal here: FFFFh is the text
+  `65535`.
+- What else revision 2.7 and later ones describe is not read by version: fields that the tables below do not have,
+  records that repeat, strings without a field, all other types. [paths-newest.md](paths-newest.md) has them.
 
 `/SMBIOS` is an inner node: it lists a node for each type below, which is there whether or not the machine has
 such a structure, then `/SMBIOS/ProcessorInfo` and `/SMBIOS/MemoryArray`.

@@ -19,7 +19,7 @@ constexpr struct {
      "machines have none to show."},
     {RESULT_BAD_CHECKSUM, "Look for a firmware update: the table's entry point is damaged."},
     {RESULT_UNSUPPORTED_VERSION,
-     "Read the table as version 3.0, from an image: smbios-tree does with --read-as 3.0."},
+     "Read it with the newest catalogue: TableImage::OfThisMachine() and Reading::Newest."},
     {RESULT_MAPPING_DENIED,
      "Run as root. Where that was so: a locked-down kernel keeps the memory to itself, and no "
      "right of a user changes that."},
@@ -36,15 +36,11 @@ const char* AdviceOn(unsigned short code)
     return "Report this with the message above.";
 }
 
-void PrintIdentity()
+void PrintIdentity(const SMBIOSProtocolImpl& machine)
 {
-    const std::string system = "/SMBIOS/Type1";
-    std::map<std::string, _XNode> nodes;
-    SMBIOSProtocolImpl::CreateInstance().SMBiosSearch(system, nodes);
     for (const char* field : {"Manufacturer", "ProductName", "SerialNo", "UUID"}) {
-        const auto leaf = nodes.find(system + "/" + field);
-        std::cout << field << ": " << (leaf == nodes.end() ? "(not in the table)" : leaf->second.Items[0])
-                  << '\n';
+        const auto leaf = machine.Find(std::string("/SMBIOS/Type1/") + field);
+        std::cout << field << ": " << (leaf ? leaf.Value() : "(not in the table)") << '\n';
     }
 }
 
@@ -52,7 +48,7 @@ void PrintIdentity()
 
 int main()
 try {
-    PrintIdentity();
+    PrintIdentity(SMBIOSProtocolImpl::CreateInstance());
 } catch (const ResultStatus& failure) {
     std::cerr << failure.what() << '\n' << AdviceOn(failure.Code()) << '\n';
     return 1;

@@ -4,16 +4,57 @@
 #include <cstdio>
 #include <cstdlib>
 #include <numeric>
+#include <set>
+#include <string_view>
 #include <vector>
 
+namespace Properties {
+
 namespace {
+
+using FakeSystem::Machine;
+using FakeSystem::SegmentLength;
+using Images::Bytes;
+using Protocol::SMBIOS::Reading;
+using Protocol::SMBIOS::TableImage;
+
+enum Route : unsigned int { Image = 0, WithNewest = 1, Block = 2, Segment = 3 };
+enum Test : unsigned int { Subtrees = 0, Copies = 1, SecondReading = 2, OtherRoute = 3 };
 
 /// Beyond it, subtrees and copies are not compared: that would cost more than it finds.
 constexpr std::size_t LargestThoroughTree = 1'000;
 
-bool AreEqual(const _XNode& left, const _XNode& right)
+void Require(bool holds, const char* property)
 {
-    return left.NodeType == right.NodeType && left.Items == right.Items;
+    if (holds)
+        return;
+    std::fprintf(stderr, "Does not hold: %s\n", property);
+    std::abort();
+}
+
+ObjectOwner ReadWithNewest(const TableImage& table)
+{
+    return std::make_unique<SMBIOSProtocolImpl>(table, Reading::Newest);
+}
+
+// Null where the bytes are refused. Nothing may be thrown but what the library promises.
+ObjectOwner TryMake(const std::function<ObjectOwner()>& make)
+{
+    try {
+        return make();
+    } catch (const ResultStatus& failure) {
+        Require(!failure.Message().empty() && failure.Message() == failure.what(), "a failure has a text");
+    } catch (const Protocol::SMBIOS::TreeTooLarge&) {
+    }
+    return nullptr;
+}
+
+ObjectOwner TryMakeLive(const Machine& machine)
+{
+    FakeSystem::TheMachine = machine;
+    ObjectOwner object = TryMake(FakeSystem::NewLiveObject);
+    Require(FakeSystem::TheMachine.Locks == 0, "no lock stays behind");
+    return object;
 }
 
 bool IsBlock(const std::string& path)
@@ -21,7 +62,8 @@ bool IsBlock(const std::string& path)
     return path.find("/SPD_RAW") != std::string::npos;
 }
 
-Tree WithoutBlocks(Tree tree)
+// A tree without what a live object alone reads.
+SearchResult WithoutBlocks(SearchResult tree)
 {
     for (auto node = tree.begin(); node != tree.end();) {
         std::vector<std::string>& items = node->second.Items;
@@ -32,7 +74,31 @@ Tree WithoutBlocks(Tree tree)
     return tree;
 }
 
-void CheckNodes(const Tree& tree)
+// A view shows what the search copied.
+void CheckView(const SMBIOSProtocolImpl& object, const std::string& path, const _XNode& node)
+{
+    const Protocol::SMBIOS::NodeView view = object.Find(path);
+    Require(view && view.Path() == path && view.IsLeaf() == (node.NodeType == NODE_LEAF),
+            "a view shows its node");
+    std::vector<std::string> items, distinct, expected;
+    std::set<std::string_view> seen;
+    if (view.IsLeaf())
+        items.emplace_back(view.Value());
+    for (const auto child : view.Children()) {
+        items.emplace_back(child.Path());
+        const std::string_view name = child.Path().substr(path.size());
+        Require(child.Name() == name.substr(name.front() == '/' ? 1 : 0),
+                "a name is what the parent's path has not");
+        if (seen.insert(child.Path()).second)
+            expected.emplace_back(child.Path());
+    }
+    for (const auto child : view.DistinctChildren())
+        distinct.emplace_back(child.Path());
+    Require(items == node.Items, "a view lists what its node lists");
+    Require(distinct == expected, "distinct children stand where they were listed first");
+}
+
+void CheckNodes(const SearchResult& tree)
 {
     Require(tree.count("/SMBIOS") == 1, "a tree has a root");
     for (const auto& [path, node] : tree) {
@@ -49,114 +115,233 @@ void CheckNodes(const Tree& tree)
     }
 }
 
+// A class derived from the library's, which sees each descent of a search.
+class Spy : public SMBIOSProtocolImpl {
+public:
+    explicit Spy(SMBIOSProtocolImpl& source) : SMBIOSProtocolImpl(source) {}
+
+    void SMBiosSearch(std::string path, SearchResult& results) override
+    {
+        ++Calls;
+        SMBIOSProtocolImpl::SMBiosSearch(std::move(path), results);
+    }
+
+    std::size_t Calls = 0;
+};
+
 // A search gives the nodes of the whole tree whose paths continue the path asked for.
-void CheckSubtrees(SMBIOSProtocolImpl& object, const Tree& tree)
+void CheckSubtrees(SMBIOSProtocolImpl& object, const SearchResult& tree)
 {
+    Spy spy(object);
+    Require(AreEqual(Everything(spy), tree), "a derived class finds the same");
+    Require(spy.Calls == tree.size(), "a derived class sees each node once");
     for (auto top = tree.begin(); top != tree.end(); ++top) {
         const std::string& path = top->first;
-        Tree found;
-        object.SMBiosSearch(path, found);
-        auto each = found.begin();
+        CheckView(object, path, top->second);
+        const SearchResult found = Everything(object, path);
+        SearchResult expected;
         for (auto node = top; node != tree.end() && node->first.compare(0, path.size(), path) == 0; ++node) {
             const char next = node->first[path.size()]; // of a string, the NUL behind its end too
-            if (next != '\0' && next != '/' && next != '[')
-                continue;
-            Require(each != found.end() && each->first == node->first && AreEqual(each->second, node->second),
-                    "a search gives the part of the whole that it names");
-            ++each;
+            if (next == '\0' || next == '/' || next == '[')
+                expected.insert(*node);
         }
-        Require(each == found.end(), "a search gives no more than it names");
+        Require(AreEqual(found, expected), "a search gives the part of the whole that it names, and no more");
     }
 }
 
-// Copies share what the last of them releases; `order` varies who that is.
-void CheckCopies(SMBIOSProtocolImpl& object, const Tree& tree, unsigned int order)
+std::pair<unsigned int, unsigned int> ReservedMemory(SMBIOSProtocolImpl& object)
 {
-    std::vector<ObjectOwner> copies;
-    copies.reserve(3);
-    SMBIOSProtocolImpl* source = &object;
-    for (int i = 0; i < 3; ++i) { // each of the one before it
-        copies.push_back(std::make_unique<SMBIOSProtocolImpl>(*source));
-        source = copies.back().get();
-    }
-    *copies[order % 3] = *copies[(order + 1) % 3];
-    // cppcheck-suppress selfAssignment ; it is one of the things that must do no harm
-    *copies[0] = *copies[0];
-    std::swap(copies[0], copies[order % 3]);
-    while (!copies.empty()) {
-        Require(AreEqual(Everything(*copies.back()), tree), "a copy equals its source");
-        copies.pop_back();
+    unsigned int address = 1, size = 1;
+    object.GetBiosReservedMem(&address, &size);
+    return {address, size};
+}
+
+// Copies share what the last of them releases, here in each order.
+void CheckCopies(SMBIOSProtocolImpl& object, const SearchResult& tree, const ObjectOwner& other)
+{
+    const auto reserved = ReservedMemory(object);
+    for (std::size_t first = 0; first < 3; ++first) {
+        std::vector<ObjectOwner> copies;
+        copies.push_back(std::make_unique<SMBIOSProtocolImpl>(object));
+        copies.push_back(std::make_unique<SMBIOSProtocolImpl>(*copies[0]));
+        copies.push_back(std::make_unique<SMBIOSProtocolImpl>(*other));
+        Require(&(*copies[2] = *copies[1]) == copies[2].get(), "an assignment gives its target");
+        // cppcheck-suppress selfAssignment ; it is one of the things that must do no harm
+        *copies[2] = *copies[2];
+        std::rotate(copies.begin(), copies.begin() + static_cast<std::ptrdiff_t>(first), copies.end());
+        while (!copies.empty()) {
+            Require(AreEqual(Everything(*copies.back()), tree), "a copy equals its source");
+            Require(ReservedMemory(*copies.back()) == reserved, "a copy has its source's reserved memory");
+            copies.pop_back();
+        }
     }
     Require(AreEqual(Everything(object), tree), "a source outlives its copies");
 }
 
-} // namespace
-
-void Require(bool holds, const char* property)
+unsigned char* FirstAnchor(Bytes& segment)
 {
-    if (holds)
-        return;
-    std::fprintf(stderr, "Does not hold: %s\n", property);
-    std::abort();
-}
-
-ObjectOwner TryMake(const std::function<ObjectOwner()>& make)
-{
-    try {
-        return make();
-    } catch (const ResultStatus& failure) {
-        Require(!failure.Message().empty() && failure.Message() == failure.what(), "a failure has a text");
-    } catch (const Protocol::SMBIOS::TreeTooLarge&) {
+    for (std::size_t offset = 0; offset + 28 <= segment.size(); offset += 4) {
+        if (std::equal(&segment[offset], &segment[offset + 4], "_SM_"))
+            return &segment[offset];
     }
     return nullptr;
 }
 
-ObjectOwner TryMakeLive(const FakeSystem::Machine& machine)
+Machine MachineOfSegment(const unsigned char* data, std::size_t size, unsigned int failing)
 {
-    FakeSystem::TheMachine = machine;
-    ObjectOwner object = TryMake(FakeSystem::NewLiveObject);
-    Require(FakeSystem::TheMachine.Locks == 0, "no lock stays behind");
-    return object;
+    constexpr std::size_t TableOffset = 32;
+    Machine machine;
+    machine.FailingMap = failing;
+    const std::size_t offset =
+        size < 2 ? 0 : static_cast<std::size_t>(data[0] | data[1] << 8) % SegmentLength;
+    const Bytes rest(data + std::min<std::size_t>(size, 2), data + size);
+    Bytes segment(SegmentLength, 0xFF);
+    std::copy_n(rest.begin(), std::min(rest.size(), SegmentLength - offset), &segment[offset]);
+    if (unsigned char* const anchor = FirstAnchor(segment)) {
+        const auto address = static_cast<std::uint32_t>(anchor[24] | anchor[25] << 8 | anchor[26] << 16) |
+                             static_cast<std::uint32_t>(anchor[27]) << 24;
+        const auto table = static_cast<std::ptrdiff_t>(std::min(rest.size(), TableOffset));
+        machine.Memory[address].assign(rest.begin() + table, rest.end());
+        const std::ptrdiff_t summed = std::min<std::ptrdiff_t>(anchor[5], &segment.back() - anchor);
+        anchor[4] = static_cast<unsigned char>(anchor[4] - std::accumulate(anchor, anchor + summed, 0U));
+    }
+    machine.Memory[FakeSystem::SegmentAddress] = segment;
+    return machine;
 }
 
-bool CheckRoute(const FakeSystem::Machine& machine, const Tree& tree)
+// What an input stands for: an object, by its route.
+struct Subject {
+    Subject(const unsigned char* data, std::size_t size, unsigned int control)
+        : Kind(Route(control & 3U)), Raw(data, data + size)
+    {
+        if (Kind == Segment)
+            Live = MachineOfSegment(data, size, control >> 4);
+        if (Kind == Block) {
+            Live.Block = Raw;
+            Live.QueriedSize = control >> 4 == 0 ? 0 : size + std::size_t{16} * (control >> 4);
+        }
+    }
+
+    ObjectOwner Make() const
+    {
+        if (Kind == Block || Kind == Segment)
+            return TryMakeLive(Live);
+        if (Kind == WithNewest)
+            return TryMake([this] { return ReadWithNewest(TableImage::FromBytes(Raw)); });
+        return TryMake([this] { return Decoded(Raw); });
+    }
+
+    // Whether the bytes begin with an entry point, behind which a TableImage finds the table.
+    bool IsDump() const
+    {
+        const std::string front(
+            Raw.begin(), Raw.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(5, Raw.size())));
+        return front.rfind("_SM_", 0) == 0 || front == "_SM3_";
+    }
+
+    // The table on another route; nothing for a segment, whose table the machine's memory has.
+    std::vector<Machine> Others() const
+    {
+        if (Kind == Segment || Kind == WithNewest)
+            return {};
+        if (Kind == Block) {
+            constexpr std::size_t HeaderSize = 8;
+            Bytes block(Raw);
+            block.resize(std::max<std::size_t>(block.size(), Live.QueriedSize)); // zeros behind the truth
+            const std::size_t length = std::min<std::size_t>(
+                static_cast<std::size_t>(block[4] | block[5] << 8), block.size() - HeaderSize);
+            const Bytes table(block.data() + HeaderSize, block.data() + HeaderSize + length);
+            return {Machine::WithEntryPoint(table, block[1], block[2])};
+        }
+        constexpr std::string_view Anchor = "_SM_";
+        const auto entry = std::search(Raw.begin(), Raw.end(), Anchor.begin(), Anchor.end());
+        return {Machine::WithBlock(Raw, entry[6], entry[7]),
+                Machine::WithEntryPoint(Raw, entry[6], entry[7])};
+    }
+
+    Route Kind;
+    Bytes Raw;
+    Machine Live;
+};
+
+// A tree near the limit has no room for the SPD blocks.
+void CheckOthers(const Subject& subject, const SearchResult& tree)
 {
-    const ObjectOwner object = TryMakeLive(machine);
-    if (object != nullptr)
-        Require(AreEqual(WithoutBlocks(Everything(*object)), WithoutBlocks(tree)),
+    for (const Machine& machine : subject.Others()) {
+        const ObjectOwner object = TryMakeLive(machine);
+        Require(object != nullptr || tree.size() > LargestThoroughTree, "a table is accepted on all routes");
+        Require(object == nullptr || AreEqual(WithoutBlocks(Everything(*object)), WithoutBlocks(tree)),
                 "a table reads the same on all routes");
-    return object != nullptr;
+    }
 }
 
-Tree Everything(SMBIOSProtocolImpl& object)
+// A structure's length tells the newest catalogue what it holds, and the version nothing, but on which side
+// of 3.2 it lies.
+void CheckOtherVersion(const Bytes& image, const SearchResult& tree)
 {
-    Tree tree;
-    object.SMBiosSearch("/SMBIOS", tree);
-    return tree;
+    const TableImage table = TableImage::FromBytes(image);
+    const bool isOld = table.Major() < 3 || (table.Major() == 3 && table.Minor() < 2);
+    const ObjectOwner other = ReadWithNewest(isOld ? table.As(0, 0) : table.As(255, 255));
+    Require(AreEqual(Everything(*other), tree), "a table reads the same whatever its version");
 }
 
-bool AreEqual(const Tree& left, const Tree& right)
+// A type's node lists the structures, or holds the first one itself.
+void CheckHandles(const SearchResult& tree)
 {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](const auto& one, const auto& other) {
-                          return one.first == other.first && AreEqual(one.second, other.second);
-                      });
+    for (const auto& [path, node] : tree) {
+        const std::size_t type = path.rfind("/Type");
+        const bool isStructure =
+            type == std::string_view("/SMBIOS").size() && path.find('/', type + 1) == std::string::npos;
+        if (isStructure && !node.Items.empty() && node.Items[0] != path + "[1]")
+            Require(node.Items[0] == path + "/Handle", "a structure lists its handle first");
+    }
 }
 
-unsigned int ShareOf(const unsigned char* data, std::size_t size)
+void CheckSecondReading(const Subject& subject, SMBIOSProtocolImpl& object, const SearchResult& tree)
 {
-    return std::accumulate(data, data + size, static_cast<unsigned int>(size),
-                           [](unsigned int sum, unsigned int byte) { return sum * 31 + byte; }) >>
-           4;
-}
-
-void CheckObject(SMBIOSProtocolImpl& object, const Tree& tree, unsigned int share)
-{
-    CheckNodes(tree);
-    if (tree.size() > LargestThoroughTree)
+    Require(AreEqual(Everything(*subject.Make()), tree), "the same bytes give the same tree");
+    if (subject.Kind == Image && !subject.IsDump()) {
+        const ObjectOwner same = TryMake([&] {
+            return std::make_unique<SMBIOSProtocolImpl>(TableImage::FromBytes(subject.Raw),
+                                                        Reading::ByVersion);
+        });
+        Require(same != nullptr && AreEqual(Everything(*same), tree),
+                "a TableImage of an image has its tree");
+    }
+    if (subject.Kind != Segment && subject.Kind != Block)
         return;
-    if (share / 8 % 2 == 0)
-        CheckSubtrees(object, tree);
-    else
-        CheckCopies(object, tree, share);
+    FakeSystem::TheMachine = subject.Live;
+    FakeSystem::ReadAgain(object);
+    Require(AreEqual(Everything(object), tree), "reading anew gives the same tree");
 }
+
+} // namespace
+
+void Check(const unsigned char* data, std::size_t size)
+{
+    constexpr std::size_t LargestImage = 65'535;
+    if (size < 1 || size > LargestImage + 1)
+        return;
+    const Subject subject(data + 1, size - 1, data[0]);
+    const ObjectOwner object = subject.Make();
+    if (object == nullptr)
+        return;
+    const SearchResult tree = Everything(*object);
+    CheckNodes(tree);
+    const unsigned int test = data[0] >> 2 & 3U;
+    const bool isSmall = tree.size() <= LargestThoroughTree;
+    if (test == Subtrees && isSmall)
+        CheckSubtrees(*object, tree);
+    else if (test == Copies && isSmall)
+        CheckCopies(*object, tree, Decoded(Images::Image(std::vector<Images::Structure>{})));
+    else if (test == SecondReading)
+        CheckSecondReading(subject, *object, tree);
+    else if (test == OtherRoute && subject.Kind == WithNewest)
+        CheckOtherVersion(subject.Raw, tree);
+    else if (test == OtherRoute)
+        CheckOthers(subject, tree);
+    if (subject.Kind == WithNewest)
+        CheckHandles(tree);
+}
+
+} // namespace Properties

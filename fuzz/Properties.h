@@ -1,43 +1,25 @@
-// What holds for every object, whatever bytes it came from. A property that does not hold ends the process.
+// What holds for every table, whatever bytes it came from: for the fuzzer, and for the tests' tables. A
+// property that does not hold ends the process.
 
 #pragma once
 
 #include "support/FakeSystem.h"
 
-#include <functional>
-#include <map>
-#include <memory>
-#include <string>
+#include <cstddef>
 
-using Protocol::SMBIOS::SMBIOSProtocolImpl;
-using TestImages::Bytes;
+namespace Properties {
 
-using Tree = std::map<std::string, _XNode>;
-using ObjectOwner = std::unique_ptr<SMBIOSProtocolImpl>;
+/// Tests an input:
+///
+///   offset  width  use
+///   0       1      bits 1:0 route: 0 an image, 1 an image or a dump that is read with the newest catalogue,
+///                  2 the firmware's raw block, 3 the BIOS segment
+///                  bits 3:2 what is tested beside the nodes: 0 subtrees, 1 copies, 2 a second reading,
+///                  3 another route or version
+///                  bits 7:4 of a block, by how many times 16 bytes the firmware tells too large a size; of
+///                  a segment, the number of the Map call that fails, 0 none
+///   1              the image, dump or block; of a segment two bytes, little-endian, where the rest stands
+///                  in it, whose checksum is made to hold; from its byte 32 on the rest is the table too
+void Check(const unsigned char* data, std::size_t size);
 
-/// Ends the process with `property` where it does not hold.
-void Require(bool holds, const char* property);
-
-/// The object that `make` gives, null where it refuses the bytes. Nothing may be thrown but what the library
-/// promises.
-ObjectOwner TryMake(const std::function<ObjectOwner()>& make);
-
-/// The object of the machine, which becomes FakeSystem::TheMachine; null where the bytes are refused. No lock
-/// stays behind.
-ObjectOwner TryMakeLive(const FakeSystem::Machine& machine);
-
-/// The whole tree.
-Tree Everything(SMBIOSProtocolImpl& object);
-
-/// Tests that the machine, where its bytes are accepted, has this tree, but for what only a live object
-/// reads: the SPD blocks. Gives whether they are.
-bool CheckRoute(const FakeSystem::Machine& machine, const Tree& tree);
-
-bool AreEqual(const Tree& left, const Tree& right);
-
-/// A number of the input's own, by which it is spread over tests that would be too slow all together.
-unsigned int ShareOf(const unsigned char* data, std::size_t size);
-
-/// Tests what holds for `object`, whose whole tree is `tree`, and also, by its share, its subtrees or
-/// its copies.
-void CheckObject(SMBIOSProtocolImpl& object, const Tree& tree, unsigned int share);
+} // namespace Properties

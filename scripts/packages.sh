@@ -19,7 +19,9 @@ need_packages() {
         as_root=(sudo)
     fi
     echo "Installing: ${missing[*]}" >&2
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq -o DPkg::Lock::Timeout=120 >&2 || return 1
+    # The packages may well be in those indexes that can be read.
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update -qq -o DPkg::Lock::Timeout=120 >&2 ||
+        echo "Not every package index could be read. Trying with the others." >&2
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y -qq -o DPkg::Lock::Timeout=120 --no-install-recommends "${missing[@]}" >&2
 }

@@ -1,4 +1,5 @@
-// What the library shows to its callers: marked classes and functions, nothing else.
+/// \file
+/// What the library shows to its callers: marked classes and functions, nothing else.
 
 #pragma once
 

@@ -1,4 +1,5 @@
-// The interface through which a caller asks.
+/// \file
+/// The interface through which a caller asks.
 
 #pragma once
 

@@ -1,4 +1,5 @@
-// The log. The library prints nothing by itself: a line goes to the sink that the program sets, or nowhere.
+/// \file
+/// The log. The library prints nothing by itself: a line goes to the sink that the program sets, or nowhere.
 
 #pragma once
 
@@ -31,7 +32,9 @@ public:
     static Logger& CreateInstance();
 
     /// Sets where lines go from now on; an empty function sends them nowhere, as at the start. The sink is
-    /// called on the thread that logs, must not throw, and may be called from several threads at once.
+    /// called on the thread that logs, must not throw, and may be called from several threads at once. Lines
+    /// come from inside of SMBIOSProtocolImpl::CreateInstance, too: a sink must not call that operation,
+    /// which would wait for itself.
     void SetSink(Sink sink);
 
     /// Logs one line, formatted as printf does.

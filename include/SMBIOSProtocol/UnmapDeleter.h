@@ -1,4 +1,5 @@
-// The owner of one image of physical memory.
+/// \file
+/// The owner of one image of physical memory.
 
 #pragma once
 
@@ -28,7 +29,10 @@ private:
 };
 
 // The driver's `Map` takes std::auto_ptr, which the standard has dropped: this is the one place that names
-// it.
+// it. Where the standard library does not offer it, an owner of the same form and layout stands in for it.
+#if (defined(_GLIBCXX_USE_DEPRECATED) && _GLIBCXX_USE_DEPRECATED) ||                                         \
+    (defined(_HAS_AUTO_PTR_ETC) && _HAS_AUTO_PTR_ETC) || defined(_LIBCPP_ENABLE_CXX17_REMOVED_AUTO_PTR)
+
 #if defined(__GNUC__)
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -44,6 +48,51 @@ using MappingOwner = std::auto_ptr<UnmapDeleter>;
 #pragma GCC diagnostic pop
 #elif defined(_MSC_VER)
 #pragma warning(pop)
+#endif
+
+#else
+
+/// Exclusive owner of an UnmapDeleter; copying moves.
+class MappingOwner {
+public:
+    /// Owns `owned`, made with new, or nothing.
+    explicit MappingOwner(UnmapDeleter* owned = nullptr) noexcept : Owned(owned) {}
+    /// Takes what `source` owns.
+    MappingOwner(MappingOwner& source) noexcept : Owned(source.release()) {}
+    /// Takes what `source` owns.
+    MappingOwner(MappingOwner&& source) noexcept : Owned(source.release()) {}
+    /// Takes what `source` owns; what this one owned goes.
+    MappingOwner& operator=(MappingOwner& source) noexcept
+    {
+        reset(source.release());
+        return *this;
+    }
+    /// Takes what `source` owns; what this one owned goes.
+    MappingOwner& operator=(MappingOwner&& source) noexcept { return *this = source; }
+    ~MappingOwner() { delete Owned; }
+
+    UnmapDeleter& operator*() const noexcept { return *Owned; } ///< what is owned
+    UnmapDeleter* operator->() const noexcept { return Owned; } ///< what is owned
+    UnmapDeleter* get() const noexcept { return Owned; }        ///< what is owned; null: nothing
+    /// Gives up what is owned to the caller.
+    UnmapDeleter* release() noexcept
+    {
+        UnmapDeleter* const released = Owned;
+        Owned = nullptr;
+        return released;
+    }
+    /// Owns `owned` from now on; what it owned before goes.
+    void reset(UnmapDeleter* owned = nullptr) noexcept
+    {
+        if (owned != Owned)
+            delete Owned;
+        Owned = owned;
+    }
+
+private:
+    UnmapDeleter* Owned;
+};
+
 #endif
 
 } // namespace OS::Driver

@@ -1,4 +1,5 @@
-// The node: what a search gives for each path.
+/// \file
+/// The node: what a search gives for each path.
 
 #pragma once
 
@@ -6,6 +7,7 @@
 #include <string>
 #include <vector>
 
+/// What a node is.
 enum _NODE_TYPE {
     NODE_LEAF = 0,  ///< holds one value
     NODE_INNER = 1, ///< holds the paths of its children

@@ -63,7 +63,7 @@ void SMBIOSProtocolImpl::ReadRawFirmwareBlock()
     RawTableBuffer = static_cast<unsigned char*>(std::malloc(size));
     if (RawTableBuffer == nullptr)
         RaiseFailure(RESULT_OUT_OF_MEMORY);
-    Store->OwnRawBlock(RawTableBuffer);
+    ResultNodes->OwnRawBlock(RawTableBuffer);
     std::memcpy(RawTableBuffer, staging.get(), size);
     Log(__LINE__, "Successfully copied Raw SMBIOS Data");
 

@@ -14,19 +14,48 @@ const Type* const AllTypes[] = {
     &Type002BaseboardInformation,
     &Type003SystemEnclosure,
     &Type004ProcessorInformation,
+    &Type005MemoryController,
+    &Type006MemoryModule,
     &Type007CacheInformation,
     &Type008PortConnectorInformation,
     &Type009SystemSlots,
     &Type010OnBoardDevices,
     &Type011OemStrings,
+    &Type012SystemConfigurationOptions,
     &Type013BiosLanguage,
+    &Type014GroupAssociations,
+    &Type015SystemEventLog,
     &Type016PhysicalMemoryArray,
     &Type017MemoryDevice,
     &Type018MemoryErrorInformation32,
     &Type019MemoryArrayMappedAddress,
+    &Type020MemoryDeviceMappedAddress,
+    &Type021BuiltInPointingDevice,
+    &Type022PortableBattery,
+    &Type023SystemReset,
     &Type024HardwareSecurity,
+    &Type025SystemPowerControls,
+    &Type026VoltageProbe,
+    &Type027CoolingDevice,
+    &Type028TemperatureProbe,
+    &Type029ElectricalCurrentProbe,
+    &Type030OutOfBandRemoteAccess,
+    &Type031BootIntegrityServices,
     &Type032SystemBootInformation,
+    &Type033MemoryErrorInformation64,
+    &Type034ManagementDevice,
+    &Type035ManagementDeviceComponent,
+    &Type036ManagementDeviceThresholds,
+    &Type037MemoryChannel,
     &Type038IpmiDevice,
+    &Type039SystemPowerSupply,
+    &Type040AdditionalInformation,
+    &Type041OnboardDevicesExtended,
+    &Type042ManagementControllerHostInterface,
+    &Type043TpmDevice,
+    &Type044ProcessorAdditionalInformation,
+    &Type045FirmwareInventory,
+    &Type046StringProperty,
     &Type132PlatformMemoryDescription,
     &Type133PlatformReservedMemory,
 };
@@ -43,6 +72,7 @@ std::string Header(const Table& table, Revision revision)
     case TableKind::Decoder:
         return table.Decoder;
     case TableKind::Bits:
+    case TableKind::Packed:
     case TableKind::None:
         break;
     }
@@ -65,51 +95,150 @@ int Key(const Table& table, const Row& row, std::size_t rowsBefore)
     case TableKind::Bits:
         return static_cast<int>(rowsBefore) + 1;
     case TableKind::Decoder:
+    case TableKind::Packed:
     case TableKind::None:
         break;
     }
     return row.Value;
 }
 
+void AppendRows(ValueTable& built, const Table& table, const Row* rows, std::size_t count, Revision revision)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        if (rows[i].Has(revision))
+            built.Append(Key(table, rows[i], built.Rows().size()), rows[i].Text);
+    }
+}
+
 ValueTable Build(const Table& table, Revision revision)
 {
+    const std::size_t lowerRowCount = revision == Newest ? table.LowerRowCount : 0;
     ValueTable built(Header(table, revision));
-    built.Reserve(table.RowCount);
-    for (std::size_t i = 0; i < table.RowCount; ++i) {
-        const Row& row = table.Rows[i];
-        if (row.Has(revision))
-            built.Append(Key(table, row, built.Rows().size()), row.Text);
-    }
+    built.Reserve(lowerRowCount + table.RowCount);
+    AppendRows(built, table, table.LowerRows, lowerRowCount, revision);
+    AppendRows(built, table, table.Rows, table.RowCount, revision);
     return built;
 }
 
-SMBTable Build(const Type& type, Revision revision)
+// Adds the texts of a field; those of a packed one stand under the names of its parts. Gives the field's own,
+// null where it has none.
+const ValueTable* AddValues(ValueTableMap& values, const Field& field, Revision revision)
 {
-    SMBTable built;
-    built.Indexed = type.Indexed;
-    built.Fields.reserve(type.FieldCount);
+    for (std::size_t i = 0; i < field.Values.PartCount; ++i) {
+        const Part& part = field.Values.Parts[i];
+        if (part.Values.Kind != TableKind::None)
+            values.emplace(part.Name, Build(part.Values, revision));
+    }
+    if (field.Values.Kind == TableKind::None || field.Values.Kind == TableKind::Packed)
+        return nullptr;
+    return &values.emplace(field.Name, Build(field.Values, revision)).first->second;
+}
+
+SMBDefinition Define(const Type& type, Revision revision)
+{
+    SMBDefinition definition;
+    definition.Indexed = type.Indexed;
+    definition.Fields.reserve(type.FieldCount);
     for (std::size_t i = 0; i < type.FieldCount; ++i) {
         const Field& field = type.Fields[i];
         if (revision < field.From)
             continue;
-        built.Fields.push_back({field.Name, field.Width, field.Interpretation});
-        if (field.Values.Kind != TableKind::None)
-            built.ValueTables.emplace(field.Name, Build(field.Values, revision));
+        const ValueTable* const values = AddValues(definition.ValueTables, field, revision);
+        definition.Fields.push_back({field.Name, field.Width, field.Interpretation, values});
     }
-    return built;
+    return definition;
+}
+
+Definitions Define(Revision revision)
+{
+    Definitions definitions;
+    for (const Type* type : AllTypes) {
+        if (revision >= type->From)
+            definitions.emplace(type->Number, Define(*type, revision));
+    }
+    return definitions;
+}
+
+template <Revision revision>
+const Definitions& DefinitionsOf()
+{
+    static const Definitions definitions = Define(revision);
+    return definitions;
+}
+
+SMBDefinition DefineNewest(const Type& type, bool withSections)
+{
+    SMBDefinition definition = Define(type, Newest);
+    definition.Sections.push_back(&type.First);
+    for (std::size_t i = 0; withSections && i < type.SectionCount; ++i) {
+        const Section& section = type.Sections[i];
+        definition.Sections.push_back(&section);
+        for (std::size_t k = 0; k < section.FieldCount; ++k)
+            AddValues(definition.ValueTables, section.Fields[k], Newest);
+    }
+    return definition;
+}
+
+Definitions DefineNewest()
+{
+    Definitions definitions;
+    for (const Type* type : AllTypes)
+        definitions.emplace(type->Number, DefineNewest(*type, true));
+    return definitions;
+}
+
+// Those types whose sections stand in later tables alone, without them.
+Definitions DefineWithoutSections()
+{
+    Definitions definitions;
+    for (const Type* type : AllTypes) {
+        if (TableVersion() < type->SectionsSince)
+            definitions.emplace(type->Number, DefineNewest(*type, false));
+    }
+    return definitions;
 }
 
 } // namespace
 
-std::unordered_map<unsigned char, SMBTable> Build(Revision revision)
+const Definitions& DefinitionsOf(Revision revision)
 {
-    std::unordered_map<unsigned char, SMBTable> tables;
-    tables.reserve(std::size(AllTypes));
-    for (const Type* type : AllTypes) {
-        if (revision >= type->From)
-            tables.emplace(type->Number, Build(*type, revision));
-    }
+    static constexpr const Definitions& (*Of[])() = {DefinitionsOf<V2_3>, DefinitionsOf<V2_4>,
+                                                     DefinitionsOf<V2_5>, DefinitionsOf<V2_6>,
+                                                     DefinitionsOf<V2_7>};
+    return Of[revision]();
+}
+
+Tables TablesOf(Revision revision)
+{
+    Tables tables;
+    const Definitions& definitions = DefinitionsOf(revision);
+    tables.reserve(definitions.size());
+    for (const auto& [type, definition] : definitions)
+        tables[type].Definition = &definition;
     return tables;
+}
+
+const Definitions& NewestDefinitions()
+{
+    static const Definitions definitions = DefineNewest();
+    return definitions;
+}
+
+Tables NewestTables(TableVersion version)
+{
+    static const Definitions withoutSections = DefineWithoutSections();
+    Tables tables;
+    tables.reserve(std::size(AllTypes));
+    for (const Type* type : AllTypes)
+        tables[type->Number].Definition =
+            &(version < type->SectionsSince ? withoutSections : NewestDefinitions()).at(type->Number);
+    return tables;
+}
+
+SMBTable TableWithoutData()
+{
+    static const SMBDefinition definition = DefineNewest(TypeWithoutTable, true);
+    return {&definition, {}, {}};
 }
 
 } // namespace Protocol::SMBIOS::Catalogue

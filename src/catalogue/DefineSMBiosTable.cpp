@@ -7,6 +7,7 @@
 #include "tree/NodeStore.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace Protocol::SMBIOS {
 
@@ -32,8 +33,13 @@ void SMBIOSProtocolImpl::DefineSMBiosTable()
     if (builder == std::end(Builders))
         RaiseFailure(RESULT_UNSUPPORTED_VERSION);
     (this->*builder->Build)();
+    PlantTop();
+}
 
-    TreeNode& root = StoreInner(RootPath);
+void SMBIOSProtocolImpl::PlantTop()
+{
+    TreeNode& root = NodeAt(RootPath);
+    Overwrite(root, NODE_INNER);
     for (const unsigned char type : CataloguedTypes())
         AddInner(root, "Type" + std::to_string(type));
     AddInner(root, "ProcessorInfo");
@@ -42,27 +48,36 @@ void SMBIOSProtocolImpl::DefineSMBiosTable()
 
 void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_23()
 {
-    TypeTables = Catalogue::Build(Catalogue::V2_3);
+    TypeTables = Catalogue::TablesOf(Catalogue::V2_3);
 }
 
 void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_24()
 {
-    TypeTables = Catalogue::Build(Catalogue::V2_4);
+    TypeTables = Catalogue::TablesOf(Catalogue::V2_4);
 }
 
 void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_25()
 {
-    TypeTables = Catalogue::Build(Catalogue::V2_5);
+    TypeTables = Catalogue::TablesOf(Catalogue::V2_5);
 }
 
 void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_26()
 {
-    TypeTables = Catalogue::Build(Catalogue::V2_6);
+    TypeTables = Catalogue::TablesOf(Catalogue::V2_6);
 }
 
 void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_27()
 {
-    TypeTables = Catalogue::Build(Catalogue::V2_7);
+    TypeTables = Catalogue::TablesOf(Catalogue::V2_7);
+}
+
+void SMBIOSProtocolImpl::FillNewest()
+{
+    Catalogue::TableVersion version;
+    const char* const end = SMBiosVersion.data() + SMBiosVersion.size();
+    const char* const point = std::from_chars(SMBiosVersion.data(), end, version.Major).ptr;
+    std::from_chars(point + 1, end, version.Minor);
+    TypeTables = Catalogue::NewestTables(version);
 }
 
 void SMBIOSProtocolImpl::DefineValidSubTypes()

@@ -11,16 +11,16 @@
 namespace Protocol::SMBIOS {
 
 // The size stays a count of units: 1K or 64K.
-std::string SMBIOSProtocolImpl::CalculateCacheSize(int value, const ValueTable& table, std::string_view path)
+std::string SMBIOSProtocolImpl::CalculateCacheSize(int value, const ValueTable& table, TreeNode& node)
 {
-    TreeNode& node = StoreInner(path);
+    Overwrite(node, NODE_INNER);
     AddLeaf(node, "Size", ConvertIntToString(static_cast<unsigned int>(value & 0x7FFF)));
-    AddLeaf(node, "Unit", table.Text((value & 0x8000) != 0 ? 2 : 1));
+    AddWord(node, "Unit", table.Text((value & 0x8000) != 0 ? 2 : 1));
     return {};
 }
 
 std::string SMBIOSProtocolImpl::CalculateCacheConfiguration(int value, const ValueTable& table,
-                                                            std::string_view path)
+                                                            TreeNode& node)
 {
     const struct {
         std::string_view Name;
@@ -30,9 +30,9 @@ std::string SMBIOSProtocolImpl::CalculateCacheConfiguration(int value, const Val
         {"Location", (value >> 5 & 3) + 11},       {"At Boot Time", (value & 0x80) != 0 ? 16 : 15},
         {"Operation Mode", (value >> 8 & 3) + 17},
     };
-    TreeNode& node = StoreInner(path);
+    Overwrite(node, NODE_INNER);
     for (const auto& child : children)
-        AddLeaf(node, child.Name, table.Text(child.Row));
+        AddWord(node, child.Name, table.Text(child.Row));
     return {};
 }
 

@@ -1,6 +1,7 @@
 // One field's bytes as text.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "decoding/LittleEndian.h"
 
 #include <charconv>
 #include <cstdint>
@@ -9,24 +10,26 @@ namespace Protocol::SMBIOS {
 
 namespace {
 
-constexpr std::size_t DestinationSize = 256;
+constexpr std::size_t LongestNumber = 20;
 
-std::uint64_t LittleEndian(const char* source, unsigned char width)
+template <typename Number>
+char* WriteNumber(Number value, char* destination)
 {
-    std::uint64_t value = 0;
-    for (unsigned char i = width; i-- > 0;)
-        value = value << 8 | static_cast<unsigned char>(source[i]);
-    return value;
+    return std::to_chars(destination, destination + LongestNumber, value).ptr;
 }
 
 // Eight bytes print as a signed number, fewer as an unsigned one.
-char* WriteDecimal(const char* source, char* destination, unsigned char width)
+char* WriteDecimal(std::uint64_t value, char* destination, unsigned char width)
 {
-    char* const limit = destination + DestinationSize - 1;
-    const std::uint64_t value = LittleEndian(source, width);
     if (width == sizeof value)
-        return std::to_chars(destination, limit, static_cast<std::int64_t>(value)).ptr;
-    return std::to_chars(destination, limit, value).ptr;
+        return WriteNumber(static_cast<std::int64_t>(value), destination);
+    return WriteNumber(value, destination);
+}
+
+char* WriteSigned(std::uint64_t value, char* destination, unsigned char width)
+{
+    const std::uint64_t sign = std::uint64_t{1} << (8 * width - 1);
+    return WriteNumber(static_cast<std::int64_t>((value ^ sign) - sign), destination);
 }
 
 // Two digits a byte, in the order in which the bytes stand.
@@ -43,14 +46,21 @@ char* WriteHex(const char* source, char* destination, unsigned char width)
 
 } // namespace
 
-// The text goes into `destination`, 256 bytes, with a NUL behind it.
+// The text goes into `destination`, with a NUL behind it: of a number at most 20 characters, of bytes two
+// each and the prefix.
 void SMBIOSProtocolImpl::ExtractField(const char* source, char* destination, unsigned char width,
                                       FieldInterpretation interpretation)
 {
     char* end = destination;
     switch (interpretation) {
     case FieldInterpretation::Decimal:
-        end = WriteDecimal(source, destination, width);
+        end = WriteDecimal(LittleEndian(source, width), destination, width);
+        break;
+    case FieldInterpretation::Signed:
+        end = WriteSigned(LittleEndian(source, width), destination, width);
+        break;
+    case FieldInterpretation::Unsigned:
+        end = WriteNumber(LittleEndian(source, width), destination);
         break;
     case FieldInterpretation::Hex:
         *end++ = '0';

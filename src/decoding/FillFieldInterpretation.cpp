@@ -1,4 +1,4 @@
-// From a field's text to words. The header of the field's value table, and not the field's name, chooses the
+// From a field's text to words. The form of the field's value table, and not the field's name, chooses the
 // reading.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
@@ -23,65 +23,77 @@ unsigned long long NumberOf(std::string_view text)
 
 } // namespace
 
-// Stores all nodes of the field `name`, whose path its structure already lists.
-void SMBIOSProtocolImpl::FillFieldInterpretation(std::string_view path, std::string_view name,
-                                                 std::string_view value, const ValueTableMap& tables)
+// Stores all nodes of the field at `node`, which its structure already lists.
+void SMBIOSProtocolImpl::FillFieldInterpretation(TreeNode& node, std::string_view value,
+                                                 const ValueTable& table)
 {
-    const ValueTable& table = tables.at(name);
-    const std::string& header = table.Header();
     const unsigned long long number = NumberOf(value);
     const int low = static_cast<int>(static_cast<unsigned int>(number));
 
-    if (header == "ENUM")
-        InterpretEnumeration(path, value, table.Text(low + 1));
-    else if (header == "ENUM_MASK")
-        InsertLeafXNode(table.Text((low & 0x7F) + 1), path);
-    else if (header == "BIOSRomSize")
-        InsertLeafXNode(CalculateBIOSRomSize(low), path);
-    else if (header == "Status")
-        CalculateProcessorStatus(low, table, path);
-    else if (header == "VoltageCapability")
-        InsertLeafXNode(CalculateProcessorVoltage(low, table), path);
-    else if (header == "CacheSize")
-        CalculateCacheSize(low, table, path);
-    else if (header == "CacheConfiguration")
-        CalculateCacheConfiguration(low, table, path);
-    else if (header == "Flags")
-        InsertLeafXNode(CalculateFlag(low, table), path);
-    else if (header == "HardwareSecuritySettings")
-        CalculateHardwareSecuritySettings(low, table, path);
-    else if (header == "IPMISpecRev")
-        InsertLeafXNode(CalculateIPMISpecRev(low), path);
-    else if (header == "UUID")
-        InsertLeafXNode(interpretUUID(value), path);
-    else
-        InterpretBits(number, table, path);
+    switch (table.Form()) {
+    case ValueForm::Bits:
+        InterpretBits(number, table, node);
+        break;
+    case ValueForm::Enumeration:
+        InterpretEnumeration(node, value, table.Text(low + 1));
+        break;
+    case ValueForm::MaskedEnumeration:
+        Overwrite(node, NODE_LEAF, table.Text((low & 0x7F) + 1));
+        break;
+    case ValueForm::BiosRomSize:
+        InsertLeafXNode(CalculateBIOSRomSize(low), node);
+        break;
+    case ValueForm::ProcessorStatus:
+        CalculateProcessorStatus(low, table, node);
+        break;
+    case ValueForm::VoltageCapability:
+        InsertLeafXNode(CalculateProcessorVoltage(low, table), node);
+        break;
+    case ValueForm::CacheSize:
+        CalculateCacheSize(low, table, node);
+        break;
+    case ValueForm::CacheConfiguration:
+        CalculateCacheConfiguration(low, table, node);
+        break;
+    case ValueForm::Flags:
+        InsertLeafXNode(CalculateFlag(low, table), node);
+        break;
+    case ValueForm::HardwareSecuritySettings:
+        CalculateHardwareSecuritySettings(low, table, node);
+        break;
+    case ValueForm::IpmiSpecRev:
+        InsertLeafXNode(CalculateIPMISpecRev(low), node);
+        break;
+    case ValueForm::Uuid:
+        InsertLeafXNode(interpretUUID(value), node);
+        break;
+    }
 }
 
 // A value without a row reads as empty text. A processor's family keeps its number beside the text, in a node
 // that no other lists.
-void SMBIOSProtocolImpl::InterpretEnumeration(std::string_view path, std::string_view value,
-                                              std::string_view text)
+void SMBIOSProtocolImpl::InterpretEnumeration(TreeNode& node, std::string_view value, std::string_view text)
 {
-    InsertLeafXNode(text, path);
-    if (path.find("ProcessorFamily") != std::string_view::npos)
-        InsertLeafXNode(value, std::string(path).append("_Raw"));
+    Overwrite(node, NODE_LEAF, text);
+    if (node.Path.find("ProcessorFamily") != std::string_view::npos) {
+        TreeNode& number = NodeAt(node.Path, "_Raw");
+        InsertLeafXNode(value, number);
+        number.ParentSize = node.ParentSize;
+    }
 }
 
 // One leaf for each reported bit, set or not, from the lowest up.
-void SMBIOSProtocolImpl::InterpretBits(unsigned long long value, const ValueTable& table,
-                                       std::string_view path)
+void SMBIOSProtocolImpl::InterpretBits(unsigned long long value, const ValueTable& table, TreeNode& node)
 {
-    TreeNode& node = StoreInner(path);
+    Overwrite(node, NODE_INNER);
     const auto bits = static_cast<unsigned int>(value);
     const std::string& reported = table.Header();
     std::size_t row = 0;
-    node.Children.reserve(table.Rows().size());
     for (std::size_t bit = 0; bit < reported.size(); ++bit) {
         if (reported[bit] != '1')
             continue;
         const bool isSet = bit < 32 && (bits >> bit & 1U) != 0;
-        AddLeaf(node, table.Rows()[row++].Text, isSet ? "Supported" : "Not Supported");
+        AddWord(node, table.Rows()[row++].Text, isSet ? "Supported" : "Not Supported");
     }
 }
 

@@ -18,13 +18,13 @@ std::string SMBIOSProtocolImpl::CalculateFlag(int value, const ValueTable& table
 }
 
 std::string SMBIOSProtocolImpl::CalculateHardwareSecuritySettings(int value, const ValueTable& table,
-                                                                  std::string_view path)
+                                                                  TreeNode& node)
 {
     static constexpr std::string_view Children[] = {"FrontPanelReset", "AdministratorPassword",
                                                     "KeyboardPassword", "PowerOnPassword"};
-    TreeNode& node = StoreInner(path);
+    Overwrite(node, NODE_INNER);
     for (const std::string_view child : Children) {
-        AddLeaf(node, child, table.Text((value & 3) + 1));
+        AddWord(node, child, table.Text((value & 3) + 1));
         value >>= 2;
     }
     return {};

@@ -9,12 +9,11 @@
 
 namespace Protocol::SMBIOS {
 
-std::string SMBIOSProtocolImpl::CalculateProcessorStatus(int value, const ValueTable& table,
-                                                         std::string_view path)
+std::string SMBIOSProtocolImpl::CalculateProcessorStatus(int value, const ValueTable& table, TreeNode& node)
 {
-    TreeNode& node = StoreInner(path);
-    AddLeaf(node, "CPUStatus", table.Text((value & 7) + 1));
-    AddLeaf(node, "CPU Socket Populated", (value & 0x40) != 0 ? "Yes" : "No");
+    Overwrite(node, NODE_INNER);
+    AddWord(node, "CPUStatus", table.Text((value & 7) + 1));
+    AddWord(node, "CPU Socket Populated", (value & 0x40) != 0 ? "Yes" : "No");
     return {};
 }
 

@@ -1,14 +1,13 @@
-// From raw structures to nodes. The catalogue's fields are laid over a structure one behind the other, from
-// the end of its header on; neither the structure's length byte nor any count in it takes part. A structure
-// shorter than its list of fields is read on past its end, into its strings and whatever follows, up to the
-// end of the table.
+// From raw structures to nodes. By version, the catalogue's fields are laid over a structure one behind the
+// other, from the end of its header on; neither the structure's length byte nor any count in it takes part. A
+// structure shorter than its list of fields is read on past its end, into its strings and whatever follows,
+// up to the end of the table. How the newest catalogue reads one, DecodeSections.cpp says.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "tree/NodeStore.h"
 
 #include <algorithm>
 #include <charconv>
-#include <cstdio>
 
 namespace Protocol::SMBIOS {
 
@@ -23,14 +22,6 @@ std::ptrdiff_t SizeOf(const SMBField& field)
     return field.Width == StringReference ? 1 : field.Width;
 }
 
-// The string with this number, empty where the structure has none.
-std::string_view StringOf(const SMBiosStructure& structure, unsigned char number)
-{
-    if (number == 0 || number > structure.Strings.size())
-        return {};
-    return std::string_view(structure.Strings[number - 1]).substr(0, MaxTextLength);
-}
-
 // The handle in a handle field, 0 where it names no structure.
 int LinkedHandleOf(std::string_view value)
 {
@@ -41,8 +32,10 @@ int LinkedHandleOf(std::string_view value)
 
 std::string HandleText(int handle)
 {
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%04X", static_cast<unsigned int>(handle));
+    static constexpr char Digits[] = "0123456789ABCDEF";
+    std::string text = "0x";
+    for (int shift = 12; shift >= 0; shift -= 4)
+        text += Digits[handle >> shift & 0xF];
     return text;
 }
 
@@ -54,12 +47,21 @@ const SMBTable& SMBIOSProtocolImpl::SMBiosDataTable(std::string_view path, int t
 {
     const SMBTable& table = TypeTables.at(static_cast<unsigned char>(type));
     TreeNode& top = NodeAt(path);
+    const bool isNewest = !table.Definition->Sections.empty();
+    const auto decode = [&](const SMBiosStructure& structure, TreeNode& node) {
+        if (isNewest || handle != 0)
+            AddLeaf(node, "Handle", HandleText(structure.Handle));
+        if (isNewest)
+            DecodeSections(table, structure, node);
+        else
+            DecodeFields(table, structure, type, node);
+    };
 
     if (handle == 0) {
-        if (table.Indexed)
-            top.Children.reserve(table.Instances.size());
-        for (std::size_t i = 0; i < table.Instances.size(); ++i)
-            DecodeFields(table, table.Instances[i], type, table.Indexed ? AddInstance(top, i + 1) : top);
+        for (std::size_t i = 0; i < table.Instances.size(); ++i) {
+            const bool hasOwnNode = table.Definition->Indexed || (isNewest && i > 0);
+            decode(table.Instances[i], hasOwnNode ? AddInstance(top, i + 1) : top);
+        }
         return table;
     }
 
@@ -69,10 +71,8 @@ const SMBTable& SMBIOSProtocolImpl::SMBiosDataTable(std::string_view path, int t
     auto position =
         std::lower_bound(table.InstancesByHandle.begin(), table.InstancesByHandle.end(), handle, byHandle);
     for (; position != table.InstancesByHandle.end() && table.Instances[*position].Handle == handle;
-         ++position) {
-        AddLeaf(top, "Handle", HandleText(handle));
-        DecodeFields(table, table.Instances[*position], type, top);
-    }
+         ++position)
+        decode(table.Instances[*position], top);
     return table;
 }
 
@@ -83,15 +83,13 @@ void SMBIOSProtocolImpl::DecodeFields(const SMBTable& table, const SMBiosStructu
     const unsigned char* const end = TableBase + TableLength;
     const unsigned char* cursor = structure.Data + HeaderSize;
     char buffer[256];
-    if (node.Children.empty())
-        node.Children.reserve(table.Fields.size());
 
-    for (const SMBField& field : table.Fields) {
+    for (const SMBField& field : table.Definition->Fields) {
         if (end - cursor < SizeOf(field))
             return;
         std::string_view value;
         if (field.Width == StringReference) {
-            value = StringOf(structure, *cursor);
+            value = structure.StringAt(*cursor).substr(0, MaxTextLength);
         } else {
             ExtractField(reinterpret_cast<const char*>(cursor), buffer,
                          static_cast<unsigned char>(field.Width), field.Interpretation);
@@ -99,19 +97,23 @@ void SMBIOSProtocolImpl::DecodeFields(const SMBTable& table, const SMBiosStructu
         }
         cursor += SizeOf(field);
 
-        TreeNode& fieldNode = ListChild(node, "/", field.Name);
-        if (table.ValueTables.count(field.Name) != 0) {
-            FillFieldInterpretation(fieldNode.Path, field.Name, value, table.ValueTables);
-            continue;
-        }
-        const int linkedHandle = IsHandleField(type, field.Name) ? LinkedHandleOf(value) : 0;
-        if (linkedHandle != 0) {
-            SubTypeLinks.push_back(
-                {type, std::string(field.Name), std::string(fieldNode.Path), linkedHandle});
-            Overwrite(fieldNode, NODE_INNER);
-        } else {
-            Overwrite(fieldNode, NODE_LEAF, value);
-        }
+        if (field.Values != nullptr)
+            FillFieldInterpretation(ListChild(node, "/", field.Name), value, *field.Values);
+        else
+            StorePlain(node, field.Name, value, type);
+    }
+}
+
+// Stores a field without texts of its own below `node`: a link to follow, or a leaf.
+void SMBIOSProtocolImpl::StorePlain(TreeNode& node, std::string_view name, std::string_view value, int type)
+{
+    TreeNode& fieldNode = ListChild(node, "/", name);
+    const int linkedHandle = IsHandleField(type, name) ? LinkedHandleOf(value) : 0;
+    if (linkedHandle != 0) {
+        SubTypeLinks.push_back({type, name, fieldNode.Path, linkedHandle});
+        Overwrite(fieldNode, NODE_INNER);
+    } else {
+        InsertLeafXNode(value, fieldNode);
     }
 }
 

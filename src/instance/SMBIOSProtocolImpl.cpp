@@ -3,6 +3,7 @@
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "tree/NodeStore.h"
 
+#include <mutex>
 #include <utility>
 
 namespace Protocol::SMBIOS {
@@ -13,17 +14,29 @@ SMBIOSProtocolImpl& SMBIOSProtocolImpl::CreateInstance()
     return smb;
 }
 
-SMBIOSProtocolImpl::SMBIOSProtocolImpl() : RootPath("/SMBIOS"), Store(std::make_shared<NodeStore>())
+SMBIOSProtocolImpl::SMBIOSProtocolImpl() : RootPath("/SMBIOS"), ResultNodes(std::make_shared<NodeStore>())
 {
     ReadMachine();
 }
 
 SMBIOSProtocolImpl::SMBIOSProtocolImpl(unsigned char* image, unsigned short size, std::string rootPath)
-    : RootPath(std::move(rootPath)), Store(std::make_shared<NodeStore>())
+    : RootPath(std::move(rootPath)), ResultNodes(std::make_shared<NodeStore>())
 {
     GetSMBiosEntryPtr(image, size);
     BuildTree();
-    Store->OrderChildren();
+    Finish();
+}
+
+SMBIOSProtocolImpl::SMBIOSProtocolImpl(const TableImage& table, Reading reading, std::string rootPath)
+    : RootPath(std::move(rootPath)), ResultNodes(std::make_shared<NodeStore>()), HowRead(reading)
+{
+    std::vector<unsigned char> bytes = reading == Reading::Newest ? table.Table() : table.ImageByVersion();
+    if (reading == Reading::Newest)
+        TakeTable(bytes, table);
+    else
+        GetSMBiosEntryPtr(bytes.data(), bytes.size());
+    BuildTree();
+    Finish();
 }
 
 void SMBIOSProtocolImpl::ReadMachine()
@@ -32,49 +45,81 @@ void SMBIOSProtocolImpl::ReadMachine()
     BuildTree();
     DumpMemorySPD();
     InitBiosReservedMem();
-    Store->OrderChildren();
+    Finish();
 }
 
 void SMBIOSProtocolImpl::BuildTree()
 {
-    DefineSMBiosTable();
-    DefineValidSubTypes();
-    ParseSMBiosTable();
+    if (HowRead == Reading::Newest) {
+        FillNewest();
+        DefineValidSubTypes();
+        ParseWithNewest();
+        PlantTop(); // behind the walk, which meets types that no data describe
+    } else {
+        DefineSMBiosTable();
+        DefineValidSubTypes();
+        ParseSMBiosTable();
+    }
     FillSMBIOSDataTables();
     FillSubTypeDataTables();
     FillMemoryArray();
     FillProcessorInfo();
 }
 
+// What refers to the table goes with it: from here on there is the tree alone.
+void SMBIOSProtocolImpl::Finish()
+{
+    decltype(StructuresByHandle)().swap(StructuresByHandle);
+    decltype(SubTypeLinks)().swap(SubTypeLinks);
+    decltype(ValidSubTypes)().swap(ValidSubTypes);
+    decltype(TypeTables)().swap(TypeTables);
+    ResultNodes->OrderChildren();
+}
+
 void SMBIOSProtocolImpl::InitSMBiosTable()
 {
     EntryMapping.reset();
     TableMapping.reset();
+    TableBase = nullptr;
+    TableLength = 0;
     SMBiosVersion.clear();
+    ReservedMemAddress = 0;
+    ReservedMemSize = 0;
     StructuresByHandle.clear();
-    ResultNodes.clear();
     SubTypeLinks.clear();
     ValidSubTypes.clear();
     RawTableBuffer = nullptr;
     TypeTables.clear();
-    Store = std::make_shared<NodeStore>();
+    ResultNodes = std::make_shared<NodeStore>();
 
     ReadMachine();
 }
 
-// The mappings move last: a copy that fails for lack of memory leaves its source as it was.
-SMBIOSProtocolImpl::SMBIOSProtocolImpl(SMBIOSProtocolImpl& source)
+SMBIOSProtocolImpl::SMBIOSProtocolImpl(const SMBIOSProtocolImpl& source)
     : ISMBIOSProtocol(source), RootPath(source.RootPath), TableBase(source.TableBase),
       TableLength(source.TableLength), SMBiosVersion(source.SMBiosVersion),
       ReservedMemAddress(source.ReservedMemAddress), ReservedMemSize(source.ReservedMemSize),
-      StructuresByHandle(source.StructuresByHandle), ResultNodes(source.ResultNodes),
-      SubTypeLinks(source.SubTypeLinks), ValidSubTypes(source.ValidSubTypes),
-      RawTableBuffer(source.RawTableBuffer), TypeTables(source.TypeTables), Store(source.Store)
+      ResultNodes(source.ResultNodes), RawTableBuffer(source.RawTableBuffer), HowRead(source.HowRead)
 {
-    // cppcheck-suppress useInitializationList
+}
+
+// The mappings move last: a copy that fails for lack of memory leaves its source as it was. Several threads
+// may copy one object, and one of them gets the mappings.
+SMBIOSProtocolImpl::SMBIOSProtocolImpl(SMBIOSProtocolImpl& source) : SMBIOSProtocolImpl(std::as_const(source))
+{
+    static std::mutex mappings;
+    const std::lock_guard<std::mutex> guard(mappings);
     EntryMapping = source.EntryMapping;
-    // cppcheck-suppress useInitializationList
     TableMapping = source.TableMapping;
+}
+
+SMBIOSProtocolImpl& SMBIOSProtocolImpl::operator=(const SMBIOSProtocolImpl& source)
+{
+    if (this != &source) {
+        SMBIOSProtocolImpl copy(source);
+        SwapWith(copy);
+    }
+    return *this;
 }
 
 SMBIOSProtocolImpl& SMBIOSProtocolImpl::operator=(SMBIOSProtocolImpl& source)
@@ -83,6 +128,18 @@ SMBIOSProtocolImpl& SMBIOSProtocolImpl::operator=(SMBIOSProtocolImpl& source)
         SMBIOSProtocolImpl copy(source);
         SwapWith(copy);
     }
+    return *this;
+}
+
+SMBIOSProtocolImpl::SMBIOSProtocolImpl(SMBIOSProtocolImpl&& source) noexcept : ISMBIOSProtocol(source)
+{
+    SwapWith(source);
+}
+
+SMBIOSProtocolImpl& SMBIOSProtocolImpl::operator=(SMBIOSProtocolImpl&& source) noexcept
+{
+    SMBIOSProtocolImpl moved(std::move(source));
+    SwapWith(moved);
     return *this;
 }
 
@@ -96,13 +153,9 @@ void SMBIOSProtocolImpl::SwapWith(SMBIOSProtocolImpl& other) noexcept
     std::swap(SMBiosVersion, other.SMBiosVersion);
     std::swap(ReservedMemAddress, other.ReservedMemAddress);
     std::swap(ReservedMemSize, other.ReservedMemSize);
-    std::swap(StructuresByHandle, other.StructuresByHandle);
     std::swap(ResultNodes, other.ResultNodes);
-    std::swap(SubTypeLinks, other.SubTypeLinks);
-    std::swap(ValidSubTypes, other.ValidSubTypes);
     std::swap(RawTableBuffer, other.RawTableBuffer);
-    std::swap(TypeTables, other.TypeTables);
-    std::swap(Store, other.Store);
+    std::swap(HowRead, other.HowRead);
 }
 
 SMBIOSProtocolImpl::~SMBIOSProtocolImpl()

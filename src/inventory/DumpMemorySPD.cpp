@@ -1,8 +1,13 @@
 // The raw SPD bytes of memory modules, which OEM structures (type 132) place in physical memory. A live
 // object alone reads them; its root is "/SMBIOS".
+//
+// Many makers use structures of this type for things of their own, whose bytes are no address. A range that
+// the system keeps from this process is therefore left out, and costs no one the tree.
 
+#include "SMBIOSProtocol/Logger.h"
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "services/LockedMap.h"
+#include "services/MemMapDriverImpl.h"
 #include "tree/NodeStore.h"
 
 #include <algorithm>
@@ -38,6 +43,17 @@ std::string HexText(const unsigned char* bytes, unsigned int length)
     return text;
 }
 
+bool IsOffered(unsigned int address, unsigned int length)
+{
+    std::string reason;
+    if (OS::Driver::MemMapDriverImpl().Offers(address, length, reason))
+        return true;
+    LOGGER::Logger::CreateInstance().Log(2, SourceFile, Function, __LINE__,
+                                         "Leaving out %u bytes of SPD data at %Xh: %s", length, address,
+                                         reason.c_str());
+    return false;
+}
+
 } // namespace
 
 void SMBIOSProtocolImpl::DumpMemorySPD()
@@ -45,14 +61,16 @@ void SMBIOSProtocolImpl::DumpMemorySPD()
     const TreeNode* const blocks = FindNode("/SMBIOS/Type132");
     if (blocks == nullptr)
         return;
-    for (TreeNode* const block : blocks->Children) {
-        const std::string path(block->Path);
-        const TreeNode* const address = FindNode(path + "/Address");
-        const TreeNode* const size = FindNode(path + "/Size");
-        if (address == nullptr || size == nullptr)
+    for (TreeNode* const block : ResultNodes->Children(*blocks)) {
+        const TreeNode* const start = FindChild(*block, "Address");
+        const TreeNode* const size = FindChild(*block, "Size");
+        if (start == nullptr || size == nullptr)
             continue;
+        const unsigned int address = NumberOf(start->Value);
         const unsigned int length = std::min(NumberOf(size->Value), MaxBlockSize);
-        MapUnderLock(NumberOf(address->Value), length, EntryMapping, Function, __LINE__);
+        if (!IsOffered(address, length))
+            continue;
+        MapUnderLock(address, length, EntryMapping, Function, __LINE__);
         AddLeaf(*block, "SPD_RAW", HexText(static_cast<const unsigned char*>(EntryMapping->Pointer), length));
     }
 }

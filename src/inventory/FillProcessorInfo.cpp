@@ -12,25 +12,26 @@ void SMBIOSProtocolImpl::FillProcessorInfo()
     const TreeNode* const processors = FindNode(RootPath + "/Type4");
     if (processors == nullptr)
         return;
-    const std::string listPath = RootPath + "/ProcessorInfo";
-    TreeNode& list = NodeAt(listPath);
-    AddNode(listPath, "/TotalNoOfProcessor", ConvertIntToString(processors->Children.size()), NODE_LEAF);
+    TreeNode& list = NodeAt(RootPath, "/ProcessorInfo");
+    AddLeaf(list, "TotalNoOfProcessor", ConvertIntToString(processors->ChildCount));
 
     std::size_t present = 0;
-    for (std::size_t n = 1; n <= processors->Children.size(); ++n) {
-        const std::string index = "[" + std::to_string(n) + "]";
-        const std::string source = RootPath + "/Type4" + index;
-        const TreeNode* const populated = FindNode(source + "/Status/CPU Socket Populated");
+    std::size_t n = 0;
+    for (const TreeNode* source : ResultNodes->Children(*processors)) {
+        ++n;
+        const TreeNode* const status = FindChild(*source, "Status");
+        const TreeNode* const populated =
+            status == nullptr ? nullptr : FindChild(*status, "CPU Socket Populated");
         if (populated == nullptr)
             continue;
-        const bool isPresent = populated->Value.find("Yes") != std::string_view::npos;
+        const bool isPresent = populated->Value == "Yes";
         if (isPresent)
             ++present;
-        ListInstance(list, n);
-        FillInfo(listPath, source, '4');
-        AddNode(listPath + index, "/ProcessorPresent", isPresent ? "True" : "False", NODE_LEAF);
+        TreeNode& copy = ListInstance(list, n);
+        FillInfo(*source, copy);
+        AddWord(copy, "ProcessorPresent", isPresent ? "True" : "False");
     }
-    AddNode(listPath, "/TotalNoOfProcessorPresent", ConvertIntToString(present), NODE_LEAF);
+    AddLeaf(list, "TotalNoOfProcessorPresent", ConvertIntToString(present));
 }
 
 } // namespace Protocol::SMBIOS

@@ -14,8 +14,9 @@ namespace Common {
 class CMySemLock {
 public:
     /// Waits for the lock `name`, takes it and fills `lock`. Two threads of one process exclude each other
-    /// like two processes do, and a holder that dies frees the lock. Gives 0, or the system's error where the
-    /// lock cannot be had; that is logged, and a caller goes on without it.
+    /// like two processes do, a holder that dies frees the lock, and a child forked meanwhile does not hold
+    /// it. Waiting ends after a while (Patience.h). Gives 0, or the system's error where the lock cannot be
+    /// had; that is logged, and a caller goes on without it.
     static int AcquireSymLock(_MY_LOCK& lock, const char* name);
 
     /// Gives the lock back. One that could not be had is no matter.

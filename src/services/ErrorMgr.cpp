@@ -23,7 +23,7 @@ ErrorMgr::ErrorMgr()
            "have the firmware updated."},
           {RESULT_UNSUPPORTED_VERSION,
            "The SMBIOS version of the table is not supported. Versions 2.3 to 2.8 and 3.0 are; to read a "
-           "newer table, give its entry point the version 3.0: newer tables only append fields."},
+           "table of any version, construct the object from a TableImage with Reading::Newest."},
       }
 {
 }

@@ -8,9 +8,13 @@ namespace Protocol::SMBIOS {
 
 void RaiseFailure(unsigned short code)
 {
-    const std::string text = ErrorManager::ErrorMgr::GetInstance().Get(code);
+    RaiseFailure(code, ErrorManager::ErrorMgr::GetInstance().Get(code));
+}
+
+void RaiseFailure(unsigned short code, const std::string& text)
+{
     std::string message;
-    LOGGER::Logger::CreateInstance().CreateMessage(message, text);
+    LOGGER::Logger::CreateInstance().CreateMessage(message, "%s", text.c_str());
     throw ResultStatus(code, message, "", XCOMMAND_NONE);
 }
 

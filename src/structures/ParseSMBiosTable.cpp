@@ -6,44 +6,54 @@
 //   02h     2       handle, little-endian
 //   length          string set: strings, each ended by a NUL, and one more NUL; two NULs where there are none
 //
-// The next structure begins right behind the string set.
+// The next structure begins right behind the string set. By version and with the newest catalogue the walk
+// differs in what it makes of long strings, of the two NULs, and of a length below that of the header.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "catalogue/Catalogue.h"
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 
 namespace Protocol::SMBIOS {
 
 namespace {
 
+constexpr unsigned char Inactive = 126;
 constexpr unsigned char EndOfTable = 127;
-constexpr std::size_t HeaderSize = 4;
+constexpr std::ptrdiff_t HeaderSize = 4;
 
-/// Bytes of one string that are read at a time. A longer string falls into pieces, and the byte behind each
-/// full piece is lost.
-constexpr std::ptrdiff_t MaxStringLength = 255;
+/// Bytes of one string that are read at a time by version. A longer string falls into pieces, and the byte
+/// behind each full piece is lost.
+constexpr std::ptrdiff_t LongestPiece = 255;
+constexpr std::ptrdiff_t WholeString = std::numeric_limits<std::ptrdiff_t>::max();
 
-// Reads the string set at `position` into `strings` and moves `position` behind it. False where the set does
-// not end before `end`.
-bool ReadStringSet(unsigned char*& position, unsigned char* end, std::vector<std::string>& strings)
+// Reads the string set at `position` into `strings`, at most `longest` bytes at a time, and moves `position`
+// behind it. False where the set does not end before `end`.
+bool ReadStringSet(unsigned char*& position, unsigned char* end, std::ptrdiff_t longest,
+                   std::vector<std::string_view>& strings)
 {
+    constexpr std::size_t UsualCount = 4;
+    strings.reserve(UsualCount);
     do {
-        unsigned char* const limit = end - position > MaxStringLength ? position + MaxStringLength : end;
+        unsigned char* const limit = end - position > longest ? position + longest : end;
         unsigned char* const stop = std::find(position, limit, static_cast<unsigned char>(0));
         if (end - stop < 2) // the byte that ended the string, and the one behind it
             return false;
-        strings.emplace_back(position, stop);
+        strings.emplace_back(reinterpret_cast<const char*>(position),
+                             static_cast<std::size_t>(stop - position));
         position = stop + 1;
     } while (*position != 0);
     ++position;
     return true;
 }
 
-// Reads the structure at `position` and moves `position` behind it. False where it does not end before `end`.
-bool ReadStructure(unsigned char*& position, unsigned char* end, SMBiosStructure& structure)
+// Reads the formatted area at `position` and moves `position` behind it. False where it does not end before
+// `end`.
+bool ReadFormattedArea(unsigned char*& position, const unsigned char* end, SMBiosStructure& structure)
 {
-    if (static_cast<std::size_t>(end - position) < HeaderSize)
+    if (end - position < HeaderSize)
         return false;
     structure.Type = position[0];
     structure.Data = position;
@@ -52,37 +62,86 @@ bool ReadStructure(unsigned char*& position, unsigned char* end, SMBiosStructure
     if (end - position < length)
         return false;
     position += length;
-    return ReadStringSet(position, end, structure.Strings);
+    return true;
 }
 
-void IndexByHandle(SMBTable& table)
+bool ReadByVersion(unsigned char*& position, unsigned char* end, SMBiosStructure& structure)
+{
+    return ReadFormattedArea(position, end, structure) &&
+           ReadStringSet(position, end, LongestPiece, structure.Strings);
+}
+
+bool ReadWithNewest(unsigned char*& position, unsigned char* end, SMBiosStructure& structure)
+{
+    const unsigned char* const start = position;
+    if (!ReadFormattedArea(position, end, structure) || position - start < HeaderSize ||
+        !ReadStringSet(position, end, WholeString, structure.Strings))
+        return false;
+    if (structure.Strings.size() == 1 && structure.Strings.front().empty())
+        structure.Strings.clear();
+    return true;
+}
+
+// Calls `keep` with each structure of the table, up to its end or the first that `read` finds damaged.
+template <typename Read, typename Keep>
+void Walk(unsigned char* position, std::size_t length, Read read, Keep keep)
+{
+    unsigned char* const end = position + length;
+    while (position != end && *position != EndOfTable) {
+        SMBiosStructure structure;
+        if (!read(position, end, structure))
+            return;
+        keep(structure);
+    }
+}
+
+void OrderByHandle(SMBTable& table)
 {
     table.InstancesByHandle.resize(table.Instances.size());
     std::iota(table.InstancesByHandle.begin(), table.InstancesByHandle.end(), std::size_t{0});
-    std::stable_sort(table.InstancesByHandle.begin(), table.InstancesByHandle.end(),
-                     [&](std::size_t left, std::size_t right) {
-                         return table.Instances[left].Handle < table.Instances[right].Handle;
-                     });
+    std::sort(table.InstancesByHandle.begin(), table.InstancesByHandle.end(),
+              [&](std::size_t left, std::size_t right) {
+                  const unsigned short leftHandle = table.Instances[left].Handle;
+                  const unsigned short rightHandle = table.Instances[right].Handle;
+                  return leftHandle != rightHandle ? leftHandle < rightHandle : left < right;
+              });
 }
 
 } // namespace
 
 void SMBIOSProtocolImpl::ParseSMBiosTable()
 {
-    unsigned char* const end = TableBase + TableLength;
-    unsigned char* position = TableBase;
-    while (position != end && *position != EndOfTable) {
-        SMBiosStructure structure;
-        if (!ReadStructure(position, end, structure))
-            break;
+    Walk(TableBase, TableLength, ReadByVersion, [this](SMBiosStructure& structure) {
         const auto table = TypeTables.find(structure.Type);
+        if (table != TypeTables.end())
+            table->second.Instances.push_back(std::move(structure));
+    });
+    IndexByHandle();
+}
+
+void SMBIOSProtocolImpl::ParseWithNewest()
+{
+    Walk(TableBase, TableLength, ReadWithNewest, [this](SMBiosStructure& structure) {
+        if (structure.Type == Inactive)
+            return;
+        auto table = TypeTables.find(structure.Type);
         if (table == TypeTables.end())
-            continue;
-        StructuresByHandle[structure.Handle] = structure;
+            table = TypeTables.emplace(structure.Type, Catalogue::TableWithoutData()).first;
         table->second.Instances.push_back(std::move(structure));
+    });
+    IndexByHandle();
+}
+
+void SMBIOSProtocolImpl::IndexByHandle()
+{
+    for (auto& [type, table] : TypeTables) {
+        OrderByHandle(table);
+        for (const SMBiosStructure& structure : table.Instances) {
+            const SMBiosStructure*& last = StructuresByHandle[structure.Handle];
+            if (last == nullptr || last->Data < structure.Data)
+                last = &structure;
+        }
     }
-    for (auto& [type, table] : TypeTables)
-        IndexByHandle(table);
 }
 
 } // namespace Protocol::SMBIOS

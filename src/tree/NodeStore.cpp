@@ -5,20 +5,75 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <unordered_set>
 
 namespace Protocol::SMBIOS {
 
 namespace {
 
+constexpr std::size_t TextOfAWrite = 254; ///< by version a text has no more
+constexpr std::size_t SmallestBlock = std::size_t{4} * 1024;
 constexpr std::size_t LargestBlock = std::size_t{256} * 1024;
+constexpr std::size_t SmallestIndex = 1024; ///< slots; a power of two, as every later size is
+
+// Takes eight characters at a time; the last eight may overlap those before.
+std::uint32_t HashOf(std::string_view text)
+{
+    constexpr std::uint64_t Factor = 0x9E3779B97F4A7C15; // odd, with bits that follow no pattern
+    constexpr std::size_t Width = sizeof(std::uint64_t);
+    std::uint64_t hash = text.size();
+    const auto mix = [&hash](const char* characters, std::size_t count) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, characters, count);
+        hash = (hash ^ word) * Factor;
+        hash ^= hash >> 32;
+    };
+    if (text.size() < Width) {
+        if (!text.empty())
+            mix(text.data(), text.size());
+        return static_cast<std::uint32_t>(hash);
+    }
+    const char* const last = text.data() + text.size() - Width;
+    for (const char* next = text.data(); next < last; next += Width)
+        mix(next, Width);
+    mix(last, Width);
+    return static_cast<std::uint32_t>(hash);
+}
 
 // The first eight characters as a number that orders like them.
 std::uint64_t StartOf(std::string_view text)
 {
+    const std::size_t length = std::min(text.size(), sizeof(std::uint64_t));
     std::uint64_t start = 0;
-    for (std::size_t i = 0; i < sizeof start; ++i)
-        start = start << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0U);
-    return start;
+    for (std::size_t i = 0; i < length; ++i)
+        start = start << 8 | static_cast<unsigned char>(text[i]);
+    return length == 0 ? 0 : start << 8 * (sizeof start - length);
+}
+
+// A child with the first characters behind its parent's path. Most children differ there, which is one number
+// to compare.
+struct PlacedChild {
+    std::uint64_t Start;
+    const TreeNode* Node;
+
+    bool operator<(const PlacedChild& other) const
+    {
+        return Start != other.Start ? Start < other.Start : Node->Path < other.Node->Path;
+    }
+};
+
+// Puts the children each once behind `end`, the end of the row, if any is listed twice. Gives the new end.
+const TreeNode** AddDistinct(TreeNode& node, const TreeNode** end)
+{
+    std::unordered_set<const TreeNode*> visited;
+    const TreeNode** const distinctEnd =
+        std::copy_if(node.Row, node.Row + node.ChildCount, end,
+                     [&visited](const TreeNode* child) { return visited.insert(child).second; });
+    node.ListsRepeats = static_cast<std::size_t>(distinctEnd - end) != node.ChildCount;
+    if (!node.ListsRepeats)
+        return end;
+    *distinctEnd = nullptr;
+    return distinctEnd + 1;
 }
 
 } // namespace
@@ -34,14 +89,103 @@ NodeStore::~NodeStore()
     std::free(RawBlock);
 }
 
-TreeNode& NodeStore::NewNode(std::string_view path)
+TreeNode* NodeStore::Find(std::string_view path) const
 {
-    TreeNode& node = Nodes.emplace_back();
-    node.Path = path;
-    return node;
+    if (Slots.empty())
+        return nullptr;
+    const std::uint32_t number = Slots[SlotOf(path, HashOf(path))].Number;
+    return number == 0 ? nullptr : &Nodes[number - 1];
 }
 
-std::string_view NodeStore::Keep(std::string_view first, std::string_view second, std::string_view third)
+std::uint32_t NodeStore::FindOrAdd(std::string_view first, std::string_view second, std::string_view third)
+{
+    if (4 * Nodes.Size() >= 3 * Slots.size())
+        GrowIndex();
+    const std::string_view path = Join(first, second, third);
+    const std::uint32_t hash = HashOf(path);
+    Slot& slot = Slots[SlotOf(path, hash)];
+    if (slot.Number == 0) {
+        Nodes.Append({path, {}, {{0, 0}}, 0, 0, false, false});
+        slot = {hash, static_cast<std::uint32_t>(Nodes.Size())};
+    } else {
+        TextEnd -= path.size();
+        TextLeft += path.size();
+    }
+    return slot.Number - 1;
+}
+
+// Where the node at `path` stands, or would.
+std::size_t NodeStore::SlotOf(std::string_view path, std::uint32_t hash) const
+{
+    const std::size_t mask = Slots.size() - 1;
+    for (std::size_t i = hash & mask;; i = (i + 1) & mask) {
+        const Slot& slot = Slots[i];
+        if (slot.Number == 0 || (slot.Hash == hash && Nodes[slot.Number - 1].Path == path))
+            return i;
+    }
+}
+
+void NodeStore::GrowIndex()
+{
+    std::vector<Slot> grown(std::max(SmallestIndex, 2 * Slots.size()));
+    const std::size_t mask = grown.size() - 1;
+    for (const Slot& slot : Slots) {
+        if (slot.Number == 0)
+            continue;
+        std::size_t i = slot.Hash & mask;
+        while (grown[i].Number != 0)
+            i = (i + 1) & mask;
+        grown[i] = slot;
+    }
+    Slots.swap(grown);
+}
+
+void NodeStore::List(TreeNode& parent, std::uint32_t child)
+{
+    const auto number = static_cast<std::uint32_t>(Listings.Size());
+    Listings.Append({child, 0});
+    if (parent.ChildCount == 0)
+        parent.Chain.First = number;
+    else
+        Listings[parent.Chain.Last].Next = number;
+    parent.Chain.Last = number;
+    ++parent.ChildCount;
+}
+
+void NodeStore::OrderChildren()
+{
+    std::size_t size = 0;
+    for (std::size_t i = 0; i < Nodes.Size(); ++i) {
+        const std::size_t count = Nodes[i].ChildCount;
+        size += Nodes[i].ListsRepeats ? 3 * count + 1 : 2 * count;
+    }
+    Rows.reset(new const TreeNode*[size]);
+
+    const TreeNode** end = Rows.get();
+    std::vector<PlacedChild> byPath;
+    for (std::size_t i = 0; i < Nodes.Size(); ++i) {
+        TreeNode& node = Nodes[i];
+        const TreeNode** const row = end;
+        if (node.ChildCount == 0) {
+            node.Row = row;
+            continue;
+        }
+        byPath.clear();
+        for (const TreeNode* child : Children(node)) {
+            *end++ = child;
+            byPath.push_back({StartOf(child->Path.substr(node.Path.size())), child});
+        }
+        std::sort(byPath.begin(), byPath.end());
+        for (const PlacedChild& child : byPath)
+            *end++ = child.Node;
+        node.Row = row;
+        if (node.ListsRepeats)
+            end = AddDistinct(node, end);
+    }
+    Listings.Clear();
+}
+
+std::string_view NodeStore::Join(std::string_view first, std::string_view second, std::string_view third)
 {
     const std::size_t size = first.size() + second.size() + third.size();
     if (size > TextLeft)
@@ -53,34 +197,14 @@ std::string_view NodeStore::Keep(std::string_view first, std::string_view second
     return {start, size};
 }
 
-void NodeStore::Forget(std::string_view text)
+// Blocks grow with the text, so that neither their number nor what is left of the last one counts.
+void NodeStore::AddBlock(std::size_t size)
 {
-    TextEnd -= text.size();
-    TextLeft += text.size();
-}
-
-// Most children differ in the eight characters behind their parent's path, which compare as one number.
-void NodeStore::OrderChildren()
-{
-    struct Child {
-        std::uint64_t Start;
-        TreeNode* Node;
-
-        bool operator<(const Child& other) const
-        {
-            return Start != other.Start ? Start < other.Start : Node->Path < other.Node->Path;
-        }
-    };
-    std::vector<Child> children;
-    for (TreeNode& node : Nodes) {
-        children.clear();
-        for (TreeNode* child : node.Children)
-            children.push_back({StartOf(child->Path.substr(node.Path.size())), child});
-        std::sort(children.begin(), children.end());
-        node.FirstByPath = static_cast<std::uint32_t>(ByPath.size());
-        for (const Child& child : children)
-            ByPath.push_back(child.Node);
-    }
+    const std::size_t blockSize = std::max(size, std::clamp(TextSize / 8, SmallestBlock, LargestBlock));
+    TextBlocks.push_back(std::unique_ptr<char[]>(new char[blockSize]));
+    TextEnd = TextBlocks.back().get();
+    TextLeft = blockSize;
+    TextSize += blockSize;
 }
 
 void NodeStore::CountWrite()
@@ -90,19 +214,18 @@ void NodeStore::CountWrite()
     ++Writes;
 }
 
+void NodeStore::CountText(std::string_view text)
+{
+    const std::size_t further = text.empty() ? 0 : (text.size() - 1) / TextOfAWrite;
+    if (further > TreeTooLarge::MaxWrites - Writes)
+        throw TreeTooLarge();
+    Writes += static_cast<unsigned int>(further);
+}
+
 void NodeStore::OwnRawBlock(unsigned char* block)
 {
     std::free(RawBlock);
     RawBlock = block;
-}
-
-void NodeStore::AddBlock(std::size_t size)
-{
-    const std::size_t blockSize = std::max(size, BlockSize);
-    TextBlocks.push_back(std::unique_ptr<char[]>(new char[blockSize]));
-    TextEnd = TextBlocks.back().get();
-    TextLeft = blockSize;
-    BlockSize = std::min(2 * BlockSize, LargestBlock);
 }
 
 } // namespace Protocol::SMBIOS

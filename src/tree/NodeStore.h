@@ -1,41 +1,83 @@
-// The nodes of a tree and the memory behind them. An object and its copies share one store; the last of them
-// releases it.
+// The nodes of a tree, their index and the memory behind them. An object and its copies share one store; the
+// last of them releases it.
 //
-// A path stands in memory once, in the store's text: the tree's keys and the lists of children refer to it. A
-// search makes the strings of its _XNode copies from there.
+// A path stands in memory once, in the store's text: the nodes refer to it. A search makes the strings of its
+// _XNode copies from there.
 
 #pragma once
 
-#include "SMBIOSProtocol/XNode.h"
+#include "tree/StableList.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace Protocol::SMBIOS {
 
+/// The first and the last listing of a node's children, by number.
+struct ListingChain {
+    std::uint32_t First;
+    std::uint32_t Last;
+};
+
+/// A node. While the tree grows, its children are a chain in the store; once it is complete, a row.
 struct TreeNode {
     std::string_view Path;
-    std::string_view Value;          ///< of a leaf
-    std::vector<TreeNode*> Children; ///< in order of insertion, a repeated one as often as it was listed
-    std::uint32_t FirstByPath = 0;   ///< where the store has the children in order of their paths
-    bool IsLeaf = false;
-    bool ListsRepeats = false; ///< whether Children may hold a node twice
+    std::string_view Value; ///< of a leaf
+    union {
+        ListingChain Chain;
+        /// The children in the order in which they were listed, a repeated one as often; behind them as many
+        /// by rising path; and where ListsRepeats holds, each once in the first order, with a null at the
+        /// end.
+        const TreeNode* const* Row;
+    };
+    std::uint32_t ParentSize; ///< length of the path of the parent; 0: the root
+    std::uint32_t ChildCount : 30;
+    bool IsLeaf : 1;
+    bool ListsRepeats : 1; ///< whether a child may be listed twice; in a complete tree, whether one is
+};
 
-    /// Calls `visit` with each child once, in order of first insertion.
-    template <typename Visit>
-    void ForEachDistinctChild(Visit visit) const
-    {
-        std::unordered_set<const TreeNode*> visited;
-        for (const TreeNode* child : Children) {
-            if (!ListsRepeats || visited.insert(child).second)
-                visit(*child);
+/// A child in the list of its parent.
+struct Listing {
+    std::uint32_t Child; ///< number of the node
+    std::uint32_t Next;  ///< number of the next listing of the same parent, if there is one
+};
+
+/// The children along a chain of listings.
+class ListingRange {
+public:
+    class Iterator {
+    public:
+        Iterator(const StableList<TreeNode>& nodes, const StableList<Listing>& listings, std::uint32_t number,
+                 std::uint32_t left)
+            : Nodes(&nodes), Listings(&listings), Number(number), Left(left)
+        {
         }
-    }
+        TreeNode* operator*() const { return &(*Nodes)[(*Listings)[Number].Child]; }
+        Iterator& operator++()
+        {
+            Number = (*Listings)[Number].Next;
+            --Left;
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return Left != other.Left; }
+
+    private:
+        const StableList<TreeNode>* Nodes;
+        const StableList<Listing>* Listings;
+        std::uint32_t Number;
+        std::uint32_t Left; ///< listings from here to the end
+    };
+
+    ListingRange(Iterator first, Iterator end) : First(first), End(end) {}
+    Iterator begin() const { return First; }
+    Iterator end() const { return End; }
+
+private:
+    Iterator First;
+    Iterator End;
 };
 
 class NodeStore {
@@ -45,36 +87,67 @@ public:
     NodeStore(const NodeStore&) = delete;
     NodeStore& operator=(const NodeStore&) = delete;
 
-    /// A new inner node without children. It stays where it is for the store's life.
-    TreeNode& NewNode(std::string_view path);
+    /// The node at `path`, null where there is none.
+    TreeNode* Find(std::string_view path) const;
 
-    /// A copy of the three texts, joined, that lives as long as the store.
-    std::string_view Keep(std::string_view first, std::string_view second = {}, std::string_view third = {});
+    /// The number of the node at the three texts, joined; where there is none, of a new inner node without
+    /// children.
+    std::uint32_t FindOrAdd(std::string_view first, std::string_view second = {},
+                            std::string_view third = {});
 
-    /// Takes back the newest Keep, whose result was `text`.
-    void Forget(std::string_view text);
+    /// A node by its number. It stays where it is for the store's life.
+    TreeNode& operator[](std::uint32_t number) { return Nodes[number]; }
 
-    /// Puts the children of each node in order of their paths too, once the tree is complete.
+    /// How many nodes there are.
+    std::size_t Size() const { return Nodes.Size(); }
+
+    /// Lists the node with the number `child` as the last child of `parent`.
+    void List(TreeNode& parent, std::uint32_t child);
+
+    /// The children of `node`, each as often as it is listed, in that order, for a range-based for loop. For
+    /// a tree that grows; meanwhile other nodes may get more children.
+    ListingRange Children(const TreeNode& node) const
+    {
+        return {{Nodes, Listings, node.Chain.First, node.ChildCount}, {Nodes, Listings, 0, 0}};
+    }
+
+    /// A copy of `text` that lives as long as the store.
+    std::string_view Keep(std::string_view text) { return Join(text, {}, {}); }
+
+    /// Puts the children of each node into a row, once the tree is complete. Nothing is added to it
+    /// afterwards.
     void OrderChildren();
-
-    /// The children of `node` by rising path, as many as Children, a repeated one next to itself.
-    TreeNode* const* ChildrenByPath(const TreeNode& node) const { return ByPath.data() + node.FirstByPath; }
 
     /// Counts one write to the tree. Throws TreeTooLarge at the first beyond the limit.
     void CountWrite();
+
+    /// Counts what a long text takes beside its own write, one for each further 254 characters: where strings
+    /// are kept whole, few fields that name one long string could else exhaust memory.
+    void CountText(std::string_view text);
 
     /// Takes over a block from malloc, for `free`.
     void OwnRawBlock(unsigned char* block);
 
 private:
-    void AddBlock(std::size_t size);
+    /// A place of the index: the number of a node, counted from 1, or 0, and the hash of its path.
+    struct Slot {
+        std::uint32_t Hash;
+        std::uint32_t Number;
+    };
 
-    std::deque<TreeNode> Nodes;
-    std::vector<TreeNode*> ByPath;
+    std::string_view Join(std::string_view first, std::string_view second, std::string_view third);
+    void AddBlock(std::size_t size);
+    std::size_t SlotOf(std::string_view path, std::uint32_t hash) const;
+    void GrowIndex();
+
+    StableList<TreeNode> Nodes;
+    std::vector<Slot> Slots;      ///< by hash; a node that finds its slot taken goes to the next free one
+    StableList<Listing> Listings; ///< while the tree grows
+    std::unique_ptr<const TreeNode*[]> Rows; ///< when it is complete
     std::vector<std::unique_ptr<char[]>> TextBlocks;
-    std::size_t BlockSize = 4096; ///< of the next block; grows with the text
-    char* TextEnd = nullptr;      ///< where the next text goes
-    std::size_t TextLeft = 0;     ///< bytes from there to the end of its block
+    std::size_t TextSize = 0; ///< bytes in all blocks
+    char* TextEnd = nullptr;  ///< where the next text goes
+    std::size_t TextLeft = 0; ///< bytes from there to the end of its block
     unsigned int Writes = 0;
     unsigned char* RawBlock = nullptr;
 };

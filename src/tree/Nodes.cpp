@@ -1,38 +1,44 @@
-// The tree's writing operations. The tree is flat: a map from full path to node, in which a node names its
-// children by their paths.
+// The tree's writing operations. The tree is flat: nodes by full path, each with a list of its children.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "tree/NodeStore.h"
+
+#include <unordered_set>
 
 namespace Protocol::SMBIOS {
 
 TreeNode* SMBIOSProtocolImpl::FindNode(std::string_view path) const
 {
-    const auto entry = ResultNodes.find(path);
-    return entry == ResultNodes.end() ? nullptr : entry->second;
+    return ResultNodes ? ResultNodes->Find(path) : nullptr; // an object that was moved from has no nodes
+}
+
+const TreeNode* SMBIOSProtocolImpl::FindChild(const TreeNode& parent, std::string_view name) const
+{
+    const std::size_t size = parent.Path.size() + 1 + name.size();
+    for (const TreeNode* child : ResultNodes->Children(parent)) {
+        if (child->Path.size() == size && child->Path.substr(parent.Path.size() + 1) == name)
+            return child;
+    }
+    return nullptr;
 }
 
 // The node at `path` + `separator` + `name`, made where there is none.
 TreeNode& SMBIOSProtocolImpl::NodeAt(std::string_view path, std::string_view separator, std::string_view name)
 {
-    const std::string_view kept = Store->Keep(path, separator, name);
-    const auto [entry, isNew] = ResultNodes.try_emplace(kept, nullptr);
-    if (isNew)
-        entry->second = &Store->NewNode(kept);
-    else
-        Store->Forget(kept);
-    return *entry->second;
+    return (*ResultNodes)[ResultNodes->FindOrAdd(path, separator, name)];
 }
 
 // Lists a child below `parent`, ahead of what the caller stores there.
 TreeNode& SMBIOSProtocolImpl::ListChild(TreeNode& parent, std::string_view separator, std::string_view name)
 {
-    Store->CountWrite();
-    const std::size_t nodesBefore = ResultNodes.size();
-    TreeNode& child = NodeAt(parent.Path, separator, name);
-    if (ResultNodes.size() == nodesBefore)
+    ResultNodes->CountWrite();
+    const std::size_t nodesBefore = ResultNodes->Size();
+    const std::uint32_t number = ResultNodes->FindOrAdd(parent.Path, separator, name);
+    TreeNode& child = (*ResultNodes)[number];
+    if (ResultNodes->Size() == nodesBefore)
         parent.ListsRepeats = true;
-    parent.Children.push_back(&child);
+    child.ParentSize = static_cast<std::uint32_t>(parent.Path.size());
+    ResultNodes->List(parent, number);
     return child;
 }
 
@@ -48,83 +54,63 @@ TreeNode& SMBIOSProtocolImpl::AddInstance(TreeNode& parent, std::size_t index)
     return instance;
 }
 
-TreeNode& SMBIOSProtocolImpl::AddLeaf(TreeNode& parent, std::string_view name, std::string_view value)
+TreeNode& SMBIOSProtocolImpl::AddNode(TreeNode& parent, std::string_view name, _NODE_TYPE type,
+                                      std::string_view lasting)
 {
-    TreeNode& leaf = ListChild(parent, "/", name);
-    Overwrite(leaf, NODE_LEAF, value);
-    return leaf;
-}
-
-TreeNode& SMBIOSProtocolImpl::AddInner(TreeNode& parent, std::string_view name)
-{
-    TreeNode& inner = ListChild(parent, "/", name);
-    Overwrite(inner, NODE_INNER);
-    return inner;
-}
-
-TreeNode& SMBIOSProtocolImpl::StoreInner(std::string_view path)
-{
-    TreeNode& node = NodeAt(path);
-    Overwrite(node, NODE_INNER);
+    TreeNode& node = ListChild(parent, "/", name);
+    Overwrite(node, type, lasting);
     return node;
 }
 
-// Stores a new node in the place of `node`, whose value and children go.
-void SMBIOSProtocolImpl::Overwrite(TreeNode& node, _NODE_TYPE type, std::string_view value)
+TreeNode& SMBIOSProtocolImpl::AddLeaf(TreeNode& parent, std::string_view name, std::string_view value)
 {
-    Store->CountWrite();
+    return AddNode(parent, name, NODE_LEAF, ResultNodes->Keep(value));
+}
+
+// A leaf whose value is a text of the library itself, of which the tree needs no copy.
+TreeNode& SMBIOSProtocolImpl::AddWord(TreeNode& parent, std::string_view name, std::string_view constant)
+{
+    return AddNode(parent, name, NODE_LEAF, constant);
+}
+
+void SMBIOSProtocolImpl::InsertLeafXNode(std::string_view value, TreeNode& node)
+{
+    Overwrite(node, NODE_LEAF, ResultNodes->Keep(value));
+}
+
+// Stores a new node in the place of `node`, whose value and children go. The value `lasting` must live as
+// long as the tree.
+void SMBIOSProtocolImpl::Overwrite(TreeNode& node, _NODE_TYPE type, std::string_view lasting)
+{
+    ResultNodes->CountWrite();
     node.IsLeaf = type == NODE_LEAF;
-    node.Value = Store->Keep(value);
-    node.Children.clear();
+    node.Value = lasting;
+    node.ChildCount = 0;
     node.ListsRepeats = false;
 }
 
-// `name` begins with its "/". A parent without a node gets no child.
-void SMBIOSProtocolImpl::AddNode(std::string_view parent, std::string_view name, std::string_view value,
-                                 _NODE_TYPE type)
+// Copies the subtree at `source` into the place of `copy`.
+void SMBIOSProtocolImpl::FillInfo(const TreeNode& source, TreeNode& copy)
 {
-    TreeNode* const parentNode = FindNode(parent);
-    if (parentNode == nullptr)
-        return;
-    TreeNode& child = ListChild(*parentNode, {}, name);
-    Overwrite(child, type, type == NODE_LEAF ? value : std::string_view());
-}
-
-void SMBIOSProtocolImpl::InsertLeafXNode(std::string_view value, std::string_view path)
-{
-    Overwrite(NodeAt(path), NODE_LEAF, value);
-}
-
-// Copies the subtree at `source` to new paths: of each path, all up to the first `separator` gives way to
-// `path`. The separator is sought behind RootPath, which may hold that character too; it stands in `source`
-// itself.
-void SMBIOSProtocolImpl::FillInfo(std::string_view path, std::string_view source, char separator)
-{
-    const TreeNode* const top = FindNode(source);
-    if (top == nullptr)
-        return;
-    const std::string_view tail = source.substr(source.find(separator, RootPath.size()) + 1);
-    CopySubtree(*top, NodeAt(path, tail));
-}
-
-void SMBIOSProtocolImpl::CopySubtree(const TreeNode& source, TreeNode& copy)
-{
+    ResultNodes->CountText(source.Value);
     Overwrite(copy, source.IsLeaf ? NODE_LEAF : NODE_INNER, source.Value);
     if (source.IsLeaf)
         return;
-    const auto nameOf = [&](const TreeNode& child) { return child.Path.substr(source.Path.size()); };
-    copy.Children.reserve(source.Children.size());
-    for (const TreeNode* child : source.Children)
-        ListChild(copy, {}, nameOf(*child));
-    source.ForEachDistinctChild(
-        [&](const TreeNode& child) { CopySubtree(child, NodeAt(copy.Path, nameOf(child))); });
+    for (const TreeNode* child : ResultNodes->Children(source))
+        ListChild(copy, {}, child->Path.substr(source.Path.size()));
+    std::unordered_set<const TreeNode*> copied;
+    ListingRange::Iterator childCopy = ResultNodes->Children(copy).begin();
+    for (const TreeNode* child : ResultNodes->Children(source)) {
+        if (!source.ListsRepeats || copied.insert(child).second)
+            FillInfo(*child, **childCopy);
+        ++childCopy;
+    }
 }
 
-// The nodes belong to the store that copies of this object share: they go with its last holder.
+// Copies of this object share the nodes: they go with their last holder.
 void SMBIOSProtocolImpl::DeleteResultMap(std::string_view /*path*/)
 {
-    ResultNodes.clear();
-    Store.reset();
+    ResultNodes.reset();
 }
 
 } // namespace Protocol::SMBIOS

@@ -42,7 +42,7 @@ void SMBIOSProtocolImpl::FillSubTypeDataTables()
         const auto target = StructuresByHandle.find(static_cast<unsigned short>(link.LinkedHandle));
         if (target == StructuresByHandle.end() || !MayFollow(i, SubTypeLinks, foundBehind))
             continue;
-        SMBiosDataTable(std::string(link.FieldPath), target->second.Type, link.LinkedHandle);
+        SMBiosDataTable(link.FieldPath, target->second->Type, link.LinkedHandle);
         foundBehind.resize(SubTypeLinks.size(), i);
     }
 }

@@ -21,11 +21,11 @@ void CopyNode(const TreeNode& node, _XNode& copy)
 {
     copy.NodeType = node.IsLeaf ? NODE_LEAF : NODE_INNER;
     copy.Items.clear();
-    copy.Items.reserve(node.Children.size() + (node.IsLeaf ? 1 : 0));
+    copy.Items.reserve(node.ChildCount + (node.IsLeaf ? 1U : 0U));
     if (node.IsLeaf)
         copy.Items.emplace_back(node.Value);
-    for (const TreeNode* child : node.Children)
-        copy.Items.emplace_back(child->Path);
+    for (std::size_t i = 0; i < node.ChildCount; ++i)
+        copy.Items.emplace_back(node.Row[i]->Path);
     copy.Attributes.clear();
     copy.Flag = 0;
 }
@@ -34,8 +34,8 @@ void CopyNode(const TreeNode& node, _XNode& copy)
 // saves the map its search for the place. Where a path of another branch sorts in between, the map searches.
 class SubtreeCopy {
 public:
-    SubtreeCopy(const NodeStore& store, const TreeNode& top, Results& results)
-        : Store(store), Target(results), Later(results.lower_bound(std::string(top.Path)))
+    SubtreeCopy(const TreeNode& top, Results& results)
+        : Target(results), Later(results.lower_bound(std::string(top.Path)))
     {
         Copy(top);
     }
@@ -49,14 +49,13 @@ private:
         CopyNode(node, entry->second);
         if (node.IsLeaf)
             return;
-        TreeNode* const* const children = Store.ChildrenByPath(node);
-        for (std::size_t i = 0; i < node.Children.size(); ++i) {
-            if (i == 0 || children[i] != children[i - 1])
-                Copy(*children[i]);
+        const TreeNode* const* const byPath = node.Row + node.ChildCount;
+        for (std::size_t i = 0; i < node.ChildCount; ++i) {
+            if (i == 0 || byPath[i] != byPath[i - 1])
+                Copy(*byPath[i]);
         }
     }
 
-    const NodeStore& Store;
     Results& Target;
     Results::iterator Later;
 };
@@ -74,12 +73,13 @@ void SMBIOSProtocolImpl::SMBiosSearch(std::string path, std::map<std::string, _X
     // A derived class may see each descent. Without one, nobody can tell, and the walk need not look up
     // paths.
     if (typeid(*this) == typeid(SMBIOSProtocolImpl)) {
-        SubtreeCopy(*Store, *node, results);
+        SubtreeCopy(*node, results);
         return;
     }
-    if (!node->IsLeaf)
-        node->ForEachDistinctChild(
-            [&](const TreeNode& child) { SMBiosSearch(std::string(child.Path), results); });
+    if (!node->IsLeaf) {
+        for (const NodeView child : NodeView(node).DistinctChildren())
+            SMBiosSearch(std::string(child.Path()), results);
+    }
     CopyNode(*node, results[path]);
 }
 

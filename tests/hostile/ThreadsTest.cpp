@@ -1,7 +1,7 @@
 // What threads may do at the same time. The thread sanitizer judges; without it, the answers are compared.
 
+#include "samples/TableText.h"
 #include "support/FakeSystem.h"
-#include "support/Tree.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 #include <functional>
 #include <thread>
 
-using namespace TestImages;
+using namespace Images;
 
 namespace {
 
@@ -32,10 +32,12 @@ void OnThreads(const std::function<void(unsigned int)>& work)
         thread.join();
 }
 
-const Bytes SmallTable = Table({StructureOf(0, 1, "vendor", Bytes(19)),
-                                StructureOf(4, 2, Bytes(22), Word{3}, Word{3}, Word{3}, Bytes(11)),
-                                StructureOf(7, 3, "L1", Bytes(14)), StructureOf(16, 4, Bytes(11)),
-                                StructureOf(17, 5, Word{4}, Bytes(26))});
+const Bytes SmallTable = FromText(R"(0 1: "vendor" @0x18
+4 2: @0x1A w:3 w:3 w:3 @0x2A
+7 3: "L1" @0x13
+16 4: @0x0F
+17 5: w:4 @0x20
+end)");
 
 // Each thread searches the shared object; constructs, copies and destroys its own; and destroys a copy that
 // shares its source's nodes, whichever of them goes last.
@@ -43,7 +45,7 @@ TEST(Threads, SearchConstructCopyAndDestroy)
 {
     const Bytes image = Image(SmallTable, 2, 7);
     const auto shared = Decoded(image);
-    const std::string expected = TextOf(*shared);
+    const SearchResult expected = Everything(*shared);
     std::vector<std::unique_ptr<SMBIOSProtocolImpl>> copies;
     auto source = Decoded(image);
     for (unsigned int i = 0; i < Threads; ++i)
@@ -52,29 +54,40 @@ TEST(Threads, SearchConstructCopyAndDestroy)
 
     std::atomic<unsigned int> wrong{0};
     OnThreads([&](unsigned int i) {
-        wrong += TextOf(*copies[i]) != expected;
+        wrong += !AreEqual(Everything(*copies[i]), expected);
         copies[i].reset();
         for (unsigned int round = 0; round < Rounds; ++round) {
             unsigned int address = 1;
             unsigned int size = 1;
             shared->GetBiosReservedMem(&address, &size);
-            wrong += TextOf(*shared) != expected || address != 0 || size != 0;
+            wrong += !AreEqual(Everything(*shared), expected) || address != 0 || size != 0;
             const auto own = Decoded(image);
             SMBIOSProtocolImpl copy(*own);
             *own = copy;
-            wrong += TextOf(*own) != expected || TextOf(copy) != expected;
+            wrong += !AreEqual(Everything(*own), expected) || !AreEqual(Everything(copy), expected);
         }
     });
     EXPECT_EQ(wrong, 0U);
 }
 
-TEST(Threads, GetOneSingleton)
+// Each thread copies the one object of the machine, whose mappings move to one of the copies, and searches
+// it.
+TEST(Threads, GetOneSingletonAndCopyIt)
 {
     FakeSystem::TheMachine = FakeSystem::Machine::WithEntryPoint(SmallTable);
+    const SearchResult expected = Everything(*Decoded(Image(SmallTable, 2, 7)));
     std::vector<SMBIOSProtocolImpl*> instances(Threads);
-    OnThreads([&](unsigned int i) { instances[i] = &SMBIOSProtocolImpl::CreateInstance(); });
+    std::atomic<unsigned int> wrong{0};
+    OnThreads([&](unsigned int i) {
+        instances[i] = &SMBIOSProtocolImpl::CreateInstance();
+        for (unsigned int round = 0; round < Rounds; ++round) {
+            SMBIOSProtocolImpl copy(*instances[i]);
+            copy = *instances[i];
+            wrong += !AreEqual(Everything(copy), expected) || !AreEqual(Everything(*instances[i]), expected);
+        }
+    });
     EXPECT_EQ(instances, std::vector<SMBIOSProtocolImpl*>(Threads, instances[0]));
-    EXPECT_EQ(TextOf(*instances[0]), TextOf(*Decoded(Image(SmallTable, 2, 7))));
+    EXPECT_EQ(wrong, 0U);
 }
 
 TEST(Threads, LogWhileTheSinkChanges)

@@ -1,74 +1,89 @@
-// The query.
+// The query, and what the root's path may be.
 
-#include "support/SampleServer.h"
+#include "samples/Machines.h"
 #include "support/Tree.h"
 
 #include <gtest/gtest.h>
 
-using namespace TestImages;
-
 namespace {
-
-std::vector<std::string> Keys(const SearchResult& result)
-{
-    std::vector<std::string> keys;
-    for (const auto& entry : result)
-        keys.push_back(entry.first);
-    return keys;
-}
-
-// An inner node's answer is what the whole tree's answer holds at and below its path, and nothing beside it;
-// a leaf's answer is itself.
-TEST(Search, OfAPartIsPartOfTheWhole)
-{
-    Tree tree(TwoSocketServer());
-    const SearchResult whole = tree.Search("/SMBIOS");
-    for (const auto& [path, node] : whole) {
-        std::vector<std::string> expected;
-        for (const auto& entry : whole) {
-            const bool isBelow =
-                entry.first.rfind(path + "/", 0) == 0 || entry.first.rfind(path + "[", 0) == 0;
-            if (entry.first == path || isBelow)
-                expected.push_back(entry.first);
-        }
-        const SearchResult part = tree.Search(path);
-        EXPECT_EQ(Keys(part), expected);
-        EXPECT_EQ(part.at(path).Items, node.Items);
-    }
-}
 
 TEST(Search, FindsExactPathsOnly)
 {
-    Tree tree(TwoSocketServer());
+    const auto server = Decoded(Images::TwoSocketServer());
     SearchResult result = {{"/mine", _XNode()}};
     for (const char* path :
          {"", "/", "SMBIOS", "/SMBIOS/", "/smbios", "/SMBIOS/Type4[1]/", "/SMBIOS/Type4[0]",
           "/SMBIOS/Type4[3]", "/SMBIOS/Type4[01]", "/SMBIOS/Type4[1]/Status/CPU", "/mine",
           "/SMBIOS/ProcessorInfo[1]/ProcessorFamily_Raw", "/SMBIOS/Type132[1]/SPD_RAW"})
-        tree.Object.SMBiosSearch(path, result);
-    tree.Object.SMBiosSearch(std::string("/SMBIOS\0", 8), result);
-    EXPECT_EQ(Keys(result), std::vector<std::string>{"/mine"});
+        server->SMBiosSearch(path, result);
+    server->SMBiosSearch(std::string("/SMBIOS\0", 8), result);
+    EXPECT_EQ(result.size(), 1U);
 }
 
+// Whatever stands there already under a path of the answer goes; all else stays.
 TEST(Search, AddsToTheMap)
 {
-    Tree tree(TwoSocketServer());
-    const std::string first = "/SMBIOS/Type10[1]", second = "/SMBIOS/Type10[2]";
+    const auto server = Decoded(Images::TwoSocketServer());
+    const std::string device = "/SMBIOS/Type10[1]", type = device + "/DeviceType";
     _XNode stale;
     stale.Items = {"stale", "stale"};
     stale.Attributes["stale"] = "stale";
     stale.Flag = 7;
-    SearchResult result = {{first, stale}, {first + "/DeviceType", stale}, {"/SMBIOS/Type10[1]/", stale}};
-    tree.Object.SMBiosSearch(first, result);
-    tree.Object.SMBiosSearch(second, result);
-
+    SearchResult result = {{device, stale}, {type, stale}, {device + "/", stale}};
+    server->SMBiosSearch(device, result);
+    server->SMBiosSearch("/SMBIOS/Type10[2]", result);
     EXPECT_EQ(result.size(), 7U);
-    EXPECT_EQ(result.at("/SMBIOS/Type10[1]/").Items, stale.Items);
-    EXPECT_EQ(result.at(first + "/DeviceType").Items, std::vector<std::string>{"Video"});
-    EXPECT_TRUE(result.at(first + "/DeviceType").Attributes.empty());
-    EXPECT_EQ(result.at(first).Items,
-              (std::vector<std::string>{first + "/DeviceType", first + "/DescriptionString"}));
-    EXPECT_EQ(result.at(first).Flag, 0);
+    EXPECT_EQ(result.at(device + "/").Items, stale.Items);
+    for (const std::string& path : {device, type}) {
+        const _XNode fresh = Everything(*server, path).at(path);
+        EXPECT_EQ(result.at(path).Items, fresh.Items);
+        EXPECT_EQ(result.at(path).NodeType, fresh.NodeType);
+        EXPECT_TRUE(result.at(path).Attributes.empty());
+        EXPECT_EQ(result.at(path).Flag, 0);
+    }
+}
+
+// Sees each descent of a search.
+class Spy : public SMBIOSProtocolImpl {
+public:
+    explicit Spy(SMBIOSProtocolImpl& source) : SMBIOSProtocolImpl(source) {}
+
+    void SMBiosSearch(std::string path, SearchResult& results) override
+    {
+        Asked.push_back(path);
+        SMBIOSProtocolImpl::SMBiosSearch(path, results);
+    }
+
+    std::vector<std::string> Asked;
+};
+
+TEST(Search, OfADerivedClassSeesEachDescentInOrder)
+{
+    Spy spy(*Decoded(Images::TwoSocketServer()));
+    const std::string status = "/SMBIOS/Type4[1]/Status";
+    EXPECT_EQ(Everything(spy, status).size(), 3U);
+    EXPECT_EQ(spy.Asked,
+              (std::vector<std::string>{status, status + "/CPUStatus", status + "/CPU Socket Populated"}));
+}
+
+TEST(Search, GivesTheSameUnderEveryRoot)
+{
+    const Images::Bytes image = Images::TwoSocketServer();
+    const SearchResult expected = Everything(*Decoded(image));
+    const auto below = [](const std::string& root, const std::string& path) { return root + path.substr(7); };
+    for (const std::string& root : {std::string(), std::string("6"), std::string("/Type4[1]"),
+                                    std::string("/SMBIOS/Type16[6]4"), std::string(5'000, 'r')}) {
+        const auto object = Decoded(image, root);
+        SearchResult moved;
+        for (auto [path, node] : expected) {
+            if (node.NodeType == NODE_INNER) {
+                for (std::string& child : node.Items)
+                    child = below(root, child);
+            }
+            moved[below(root, path)] = node;
+        }
+        EXPECT_TRUE(AreEqual(Everything(*object, root), moved)) << root;
+    }
 }
 
 } // namespace

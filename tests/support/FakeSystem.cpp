@@ -9,29 +9,34 @@
 #include <new>
 
 using FakeSystem::TheMachine;
-using Protocol::SMBIOS::SMBIOSProtocolImpl;
 
 namespace {
 
 constexpr std::intptr_t LockReference = 4711;
 
 template <typename... Arguments>
-void Record(const char* format, Arguments... arguments)
+void Note(const char* format, Arguments... arguments)
 {
     if (!TheMachine.Records)
         return;
     char event[300];
     std::snprintf(event, sizeof event, format, arguments...);
-    TheMachine.Seen.emplace_back(event);
+    TheMachine.Seen.append(event).append("\n");
 }
 
-void RecordLine(const LOGGER::LogLine& line)
+// The number of a source line, at the end of a message, reads "LINE"; the class's name and file go without
+// saying.
+void NoteLine(const LOGGER::LogLine& line)
 {
-    std::string message = line.Message;
+    static const std::string Class = "Protocol::SMBIOS::SMBIOSProtocolImpl::";
+    std::string message = line.Message, function = line.Function;
     const std::size_t number = message.rfind(": " + std::to_string(line.Line));
     if (number != std::string::npos)
         message.replace(number + 2, std::string::npos, "LINE");
-    Record("log %d %s %s: %s", line.Level, line.File.c_str(), line.Function, message.c_str());
+    if (line.Level == 2 && line.File == ".\\SMBIOSProtocolImpl" && function.rfind(Class, 0) == 0)
+        Note("log %s: %s", function.substr(Class.size()).c_str(), message.c_str());
+    else
+        Note("log %d %s %s: %s", line.Level, line.File.c_str(), function.c_str(), message.c_str());
 }
 
 } // namespace
@@ -40,7 +45,7 @@ namespace Common {
 
 int CMySemLock::AcquireSymLock(_MY_LOCK& lock, const char* name)
 {
-    Record("lock %s", name);
+    Note("lock %s", name);
     if (!TheMachine.LockIsFree)
         return 1;
     lock.System = LockReference;
@@ -50,7 +55,7 @@ int CMySemLock::AcquireSymLock(_MY_LOCK& lock, const char* name)
 
 void CMySemLock::ReleaseSymLock(_MY_LOCK lock)
 {
-    Record("%s", "unlock");
+    Note("%s", "unlock");
     if (lock.System == LockReference)
         --TheMachine.Locks;
 }
@@ -61,7 +66,7 @@ namespace OS::Driver {
 
 void MemMapDriverImpl::Map(unsigned long address, unsigned int length, MappingOwner* out)
 {
-    Record("map %lX %u", address, length);
+    Note("map %lX %u", address, length);
     if (TheMachine.FailingMap != 0 && --TheMachine.FailingMap == 0) {
         if (TheMachine.MapFailure != nullptr)
             std::rethrow_exception(TheMachine.MapFailure);
@@ -69,15 +74,23 @@ void MemMapDriverImpl::Map(unsigned long address, unsigned int length, MappingOw
     }
     auto image = std::make_unique<unsigned char[]>(length);
     std::fill_n(image.get(), length, static_cast<unsigned char>(0xFF));
-    const auto behind = TheMachine.Memory.upper_bound(address);
-    if (behind != TheMachine.Memory.begin()) {
-        const auto& [start, bytes] = *std::prev(behind);
-        const std::size_t offset = std::min<std::size_t>(address - start, bytes.size());
-        std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(offset),
-                    std::min<std::size_t>(length, bytes.size() - offset), image.get());
+    for (const auto& [start, bytes] : TheMachine.Memory) {
+        const std::uint64_t first = std::max(start, address);
+        const std::uint64_t end =
+            std::min<std::uint64_t>(start + bytes.size(), std::uint64_t{address} + length);
+        if (first < end)
+            std::copy_n(&bytes[first - start], end - first, &image[first - address]);
     }
     *out = MappingOwner(new UnmapDeleter(image.get(), length));
     image.release();
+}
+
+bool MemMapDriverImpl::Offers(unsigned long address, unsigned int /*length*/, std::string& reason)
+{
+    if (TheMachine.Kept.count(address) == 0)
+        return true;
+    reason = "kept away";
+    return false;
 }
 
 } // namespace OS::Driver
@@ -87,7 +100,7 @@ namespace Protocol::SMBIOS::Firmware {
 unsigned long GetSystemFirmwareTable(unsigned long provider, unsigned long table, unsigned char* buffer,
                                      unsigned long size)
 {
-    Record("firmware %lX %lu %lu", provider, table, size);
+    Note("firmware %lX %lu %lu", provider, table, size);
     const auto length = static_cast<unsigned long>(TheMachine.Block.size());
     if (buffer == nullptr)
         return TheMachine.QueriedSize != 0 ? TheMachine.QueriedSize : length;
@@ -127,24 +140,21 @@ Machine TheMachine;
 
 Machine Machine::WithEntryPoint(const Bytes& table, unsigned char major, unsigned char minor)
 {
+    constexpr unsigned long TableAddress = 0xD1235; // all of a table lies ahead of the segment
     Machine machine;
-    machine.Memory = {{SegmentAddress, TestImages::EntryPoint(major, minor, table.size(), TableAddress)},
+    machine.Memory = {{SegmentAddress, Images::EntryPoint(major, minor, table.size(), TableAddress)},
                       {TableAddress, table}};
     return machine;
 }
 
 Machine Machine::WithBlock(const Bytes& table, unsigned char major, unsigned char minor)
 {
-    const std::size_t length = table.size();
     Machine machine;
-    machine.Block = {0xAA, major, minor, 0xAA};
-    for (int shift = 0; shift < 32; shift += 8)
-        machine.Block.push_back(static_cast<unsigned char>(length >> shift));
-    machine.Block = TestImages::Join(machine.Block, table);
+    machine.Block = Images::Join(Images::BlockHeader(major, minor, table.size()), table);
     return machine;
 }
 
-std::unique_ptr<SMBIOSProtocolImpl> NewLiveObject()
+ObjectOwner NewLiveObject()
 {
     void* const memory = ::operator new(sizeof(SMBIOSProtocolImpl));
     auto* const object = static_cast<SMBIOSProtocolImpl*>(memory);
@@ -154,7 +164,7 @@ std::unique_ptr<SMBIOSProtocolImpl> NewLiveObject()
         ::operator delete(memory);
         throw;
     }
-    return std::unique_ptr<SMBIOSProtocolImpl>(object);
+    return ObjectOwner(object);
 }
 
 void ReadAgain(SMBIOSProtocolImpl& object)
@@ -162,36 +172,10 @@ void ReadAgain(SMBIOSProtocolImpl& object)
     (object.*InitOperation())();
 }
 
-int Create()
+void Record()
 {
     TheMachine.Records = true;
-    LOGGER::Logger::CreateInstance().SetSink(RecordLine);
-    try {
-        NewLiveObject();
-        return 0;
-    } catch (const ResultStatus& failure) {
-        return failure.Code();
-    }
-}
-
-Events Mapped(unsigned long address, std::size_t length)
-{
-    char map[40];
-    std::snprintf(map, sizeof map, "map %lX %u", address, static_cast<unsigned int>(length));
-    return {"lock GLOBAL_MEMORY_MAPPING", map, "unlock"};
-}
-
-std::string Logged(const std::string& function, const std::string& message)
-{
-    return "log 2 .\\SMBIOSProtocolImpl Protocol::SMBIOS::SMBIOSProtocolImpl::" + function + ": " + message;
-}
-
-Events Joined(const std::vector<Events>& parts)
-{
-    Events all;
-    for (const Events& part : parts)
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
+    LOGGER::Logger::CreateInstance().SetSink(NoteLine);
 }
 
 } // namespace FakeSystem

@@ -1,12 +1,14 @@
 #include "Arguments.h"
 
 #include "Console.h"
+#include "Text.h"
+#include "Types.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
-#include <iostream>
 #include <map>
 #include <utility>
 
@@ -48,10 +50,30 @@ CLI::IsMember OneOf(const std::map<std::string, Value>& table)
 
 // The options that are words until all of them are known.
 struct Words {
+    std::vector<std::string> Types;
     std::string ReadAs;
     std::string Colours = "auto";
-    std::map<Output, bool> Outputs;
+    std::string InputsFile;
+    std::uint64_t Limit = 0;
+    std::map<SmbiosTree::Form, bool> Forms;
+    bool EndsInNul = false;
+    bool Newest = false;
+    bool ByVersion = false;
 };
+
+// Makes bytes of "64MiB". Gives what is wrong with it.
+std::string ToBytes(std::string& size)
+{
+    if (size.find_first_of("+-") != std::string::npos)
+        return size + " is not a size";
+    return CLI::AsSizeValue(false)(size);
+}
+
+constexpr const char* Usage =
+    R"(Usage: smbios-tree [OPTION]... [INPUT]
+       smbios-tree --jsonl [OPTION]... [INPUT]...
+       smbios-tree --diff [OPTION]... INPUT INPUT
+)";
 
 constexpr const char* Footer =
     R"(An INPUT is a table image (the table, with a 32-bit entry point behind it), a dump
@@ -59,70 +81,186 @@ constexpr const char* Footer =
 smbios_entry_point and DMI, or "-" for standard input. Without an INPUT, the tree
 is the running machine's.
 
+Lines of --diff: "- path = value" is in the first input alone, "+" in the second
+alone; where a value changed, "<" has the old one and ">" the new one.
+
 Exit status: 0, or 1 where an input failed, 2 for wrong usage. With --diff: 0 where
 the trees are the same, 1 where they differ, 2 for trouble.)";
 
-void AddOptions(CLI::App& app, Arguments& arguments, Words& words)
+class HelpFormatter : public CLI::Formatter {
+public:
+    std::string make_usage(const CLI::App* /*app*/, std::string /*name*/) const override { return Usage; }
+};
+
+void AddChoices(CLI::App& app, Arguments& arguments, Words& words)
 {
-    app.set_version_flag("--version", "smbios-tree " SMBIOS_TREE_VERSION, "Print the version and exit");
-    app.set_help_flag("-h,--help", "Print this help and exit");
-    app.footer(Footer);
-    app.allow_windows_style_options(false); // a node's path begins with a slash
-    app.add_option("INPUT", arguments.Inputs, "Where to read the table from");
-    app.add_option("--path", arguments.Path, "Show the subtree at this path alone, such as /SMBIOS/Type17[1]")
+    app.add_option("--path", arguments.Choice.Path,
+                   "Show the subtree at this path alone, such as /SMBIOS/Type17[1]")
         ->type_name("PATH");
-    app.add_option("--read-as", words.ReadAs,
-                   "Read the table as this version, whatever its own: 3.0 for a newer one")
+    app.add_option(
+           "--type", words.Types,
+           "Show the structures of this type alone, by number or word: memory, processor, ...; may be "
+           "given several times")
+        ->type_name("TYPE")
+        ->expected(1)
+        ->allow_extra_args(false)
+        ->take_all();
+    app.add_option("--read-as", words.ReadAs, "Read the table as this version, whatever its own")
         ->type_name("VERSION")
         ->check(OneOf(Versions));
-    app.add_flag("--flat", words.Outputs[Output::Flat], "Print a line \"path = value\" for each value");
-    app.add_flag("--json", words.Outputs[Output::Json], "Print a JSON document");
-    app.add_flag("--jsonl", words.Outputs[Output::JsonLines],
-                 "Print a JSON document of one line for each input");
-    app.add_flag("--html", words.Outputs[Output::Html], "Print a page for the browser");
-    app.add_flag("--diff", words.Outputs[Output::Diff],
-                 "Print what changed from the first input to the second");
+    app.add_flag("--newest", words.Newest, "Read all that the newest standard knows, whatever the version");
+    app.add_flag("--by-version", words.ByVersion,
+                 "Read by the table's version, and refuse one that has no catalogue;\nwithout either option, "
+                 "such a table is read with the newest");
+}
+
+void AddForms(CLI::App& app, Arguments& arguments, Words& words)
+{
+    app.add_flag("--flat", words.Forms[Form::Flat], "Print a line \"path = value\" for each value");
+    app.add_flag("--value", words.Forms[Form::Value],
+                 "Print the bare value at --path, its bytes as they are");
+    app.add_flag("--json", words.Forms[Form::Json], "Print a JSON document");
+    app.add_flag("--jsonl", words.Forms[Form::JsonLines], "Print a JSON document of one line for each input");
+    app.add_flag("--html", words.Forms[Form::Html], "Print a page for the browser");
+    app.add_flag("--diff", words.Forms[Form::Diff], "Print what changed from the first input to the second");
+    app.add_option("--dump", arguments.DumpFile, "Save the table in this new file, as a dump; print nothing")
+        ->type_name("FILE");
+}
+
+void AddOthers(CLI::App& app, Arguments& arguments, Words& words)
+{
+    app.add_option("--inputs", words.InputsFile,
+                   "With --jsonl: take further inputs from this file, one a line;\n\"-\" for standard input")
+        ->type_name("FILE");
+    app.add_flag("-0,--null", words.EndsInNul, "The names of --inputs end in a NUL instead of a line feed");
+    app.add_option("--limit", words.Limit,
+                   "Let an input fail whose output would be larger: bytes, or with a\nunit such as 64MiB")
+        ->option_text("SIZE")
+        ->transform(CLI::Validator(ToBytes, ""));
     app.add_option("--color", words.Colours, "Colour the output: auto, always or never")
         ->type_name("WHEN")
         ->check(OneOf(ColourWords));
     app.add_flag("--log", arguments.ShowLog, "Show the library's log on standard error");
 }
 
-void Interpret(const Words& words, Arguments& arguments)
+void AddOptions(CLI::App& app, Arguments& arguments, Words& words)
 {
-    for (const auto& [output, isWanted] : words.Outputs) {
+    app.set_version_flag("--version", "smbios-tree " SMBIOS_TREE_VERSION, "Print the version and exit");
+    app.set_help_flag("-h,--help", "Print this help and exit");
+    app.formatter(std::make_shared<HelpFormatter>());
+    app.footer(Footer);
+    app.allow_windows_style_options(false); // a node's path begins with a slash
+    app.allow_extras();                     // the inputs
+    AddChoices(app, arguments, words);
+    AddForms(app, arguments, words);
+    AddOthers(app, arguments, words);
+}
+
+// Every argument is one name, whatever is in it: a list of the parser's own would give brackets a meaning. So
+// the inputs are what the parser leaves, and what stands behind "--".
+std::vector<std::string> Parse(CLI::App& app, std::vector<std::string> line)
+{
+    const auto mark = std::find(line.begin(), line.end(), "--");
+    const std::vector<std::string> behind(mark == line.end() ? mark : mark + 1, line.end());
+    line.erase(mark, line.end());
+    std::reverse(line.begin(), line.end()); // as the parser takes it
+    app.parse(std::move(line));
+    std::vector<std::string> inputs = app.remaining();
+    for (const std::string& input : inputs) {
+        if (input.size() > 1 && input.front() == '-')
+            throw CLI::ValidationError("there is no option " + input);
+    }
+    inputs.insert(inputs.end(), behind.begin(), behind.end());
+    return inputs;
+}
+
+unsigned int TypeOfWord(const std::string& word)
+{
+    const std::optional<unsigned int> type = TypeOf(word);
+    if (!type)
+        throw CLI::ValidationError("--type: there is no \"" + word +
+                                   "\"; there are the numbers 0 to 255, and " + WordsOfTypes());
+    return *type;
+}
+
+Form FormOf(const Words& words, const Arguments& arguments)
+{
+    Form wanted = arguments.DumpFile.empty() ? Form::Indented : Form::Dump;
+    for (const auto& [form, isWanted] : words.Forms) {
         if (!isWanted)
             continue;
-        if (arguments.Output != Output::Indented)
-            throw CLI::ValidationError("only one of --flat, --json, --jsonl, --html and --diff is possible");
-        arguments.Output = output;
+        if (wanted != Form::Indented)
+            throw CLI::ValidationError(
+                "only one of --flat, --value, --json, --jsonl, --html, --diff and --dump is possible");
+        wanted = form;
     }
+    return wanted;
+}
+
+Manner MannerOf(const Words& words)
+{
+    Manner manner;
     if (!words.ReadAs.empty())
-        arguments.ReadAs = Versions.at(words.ReadAs);
+        manner.ReadAs = Versions.at(words.ReadAs);
+    if (words.Newest && (words.ByVersion || manner.ReadAs))
+        throw CLI::ValidationError("--newest does not go with --by-version or --read-as");
+    if (words.Newest)
+        manner.Catalogue = Catalogue::Newest;
+    if (words.ByVersion)
+        manner.Catalogue = Catalogue::ByVersion;
+    return manner;
+}
+
+void Interpret(const Words& words, const CLI::App& app, Arguments& arguments)
+{
+    arguments.Form = FormOf(words, arguments);
+    arguments.Manner = MannerOf(words);
+    for (const std::string& word : words.Types)
+        arguments.Choice.Types.push_back(TypeOfWord(word));
+    if (app.count("--inputs") != 0)
+        arguments.InputsFile = words.InputsFile;
+    if (words.EndsInNul)
+        arguments.InputsEnd = '\0';
+    if (app.count("--limit") != 0)
+        arguments.Limit = words.Limit;
     arguments.Style.HasColours = UseColours(ColourWords.at(words.Colours));
 }
 
-// What the options alone cannot say.
-void CheckInputs(const Arguments& arguments)
+// What no option alone can say.
+void Check(const Arguments& arguments, const CLI::App& app)
 {
     const std::size_t count = arguments.Inputs.size();
-    if (arguments.Output == Output::Diff && count != 2)
+    const bool isLines = arguments.Form == Form::JsonLines;
+    if (arguments.Form == Form::Diff && count != 2)
         throw CLI::ValidationError("--diff needs two inputs");
-    if (arguments.Output != Output::Diff && arguments.Output != Output::JsonLines && count > 1)
+    if (arguments.Form != Form::Diff && !isLines && count > 1)
         throw CLI::ValidationError("several inputs need --jsonl, or --diff for two");
-    if (arguments.ReadAs && count == 0)
-        throw CLI::ValidationError(
-            "--read-as needs an input; on Linux, /sys/firmware/dmi/tables is the running machine's");
+    if (!isLines && (arguments.InputsFile || app.count("--null") != 0))
+        throw CLI::ValidationError("--inputs and --null need --jsonl");
+    const bool readsStandardInput =
+        std::find(arguments.Inputs.begin(), arguments.Inputs.end(), "-") != arguments.Inputs.end();
+    if (arguments.InputsFile == "-" && readsStandardInput)
+        throw CLI::ValidationError("standard input cannot be both a table and the list of --inputs");
+    if (!arguments.Choice.Types.empty() && app.count("--path") != 0)
+        throw CLI::ValidationError("only one of --path and --type is possible");
+    if (arguments.Form == Form::Value && app.count("--path") == 0)
+        throw CLI::ValidationError("--value needs --path");
 }
 
 // Prints the help or the version. Gives the exit status.
 int Answer(const CLI::App& app, const CLI::Success& question)
 {
-    app.exit(question, std::cout, std::cerr);
-    if (std::cout.flush())
+    std::ostringstream text;
+    app.exit(question, text, text);
+    try {
+        Output out;
+        out.Append(text.str());
+        out.Finish();
         return Done;
-    std::cerr << "smbios-tree: standard output: it cannot be written; the output is not complete\n";
-    return Failed;
+    } catch (const OutputFailure& failure) {
+        std::fprintf(stderr, "smbios-tree: standard output: %s\n", failure.what());
+        return Failed;
+    }
 }
 
 } // namespace
@@ -130,20 +268,18 @@ int Answer(const CLI::App& app, const CLI::Success& question)
 std::optional<Arguments> ParseArguments(std::vector<std::string> line, int& status)
 {
     Arguments arguments;
-    arguments.Path = RootPath;
     Words words;
     CLI::App app("Shows a machine's SMBIOS data as a tree of named values.", "smbios-tree");
     AddOptions(app, arguments, words);
     try {
-        std::reverse(line.begin(), line.end()); // as the parser takes it
-        app.parse(std::move(line));
-        Interpret(words, arguments);
-        CheckInputs(arguments);
+        arguments.Inputs = Parse(app, std::move(line));
+        Interpret(words, app, arguments);
+        Check(arguments, app);
         return arguments;
     } catch (const CLI::Success& question) {
         status = Answer(app, question);
     } catch (const CLI::ParseError& error) {
-        std::cerr << "smbios-tree: " << error.what() << "; see smbios-tree --help\n";
+        std::fprintf(stderr, "smbios-tree: %s; see smbios-tree --help\n", Visible(error.what()).c_str());
         status = WrongUsage;
     }
     return std::nullopt;

@@ -2,23 +2,28 @@
 
 #pragma once
 
-#include "EntryPoint.h"
 #include "Report.h"
+#include "Tree.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace SmbiosTree {
 
-enum class Output { Indented, Flat, Json, JsonLines, Html, Diff };
+enum class Form { Indented, Flat, Value, Json, JsonLines, Html, Diff, Dump };
 
 struct Arguments {
-    std::vector<std::string> Inputs; ///< none: the running machine
-    std::string Path;
-    std::optional<Version> ReadAs;
-    SmbiosTree::Output Output = Output::Indented;
+    std::vector<std::string> Inputs;       ///< none: the running machine
+    std::optional<std::string> InputsFile; ///< a list of further inputs
+    char InputsEnd = '\n';                 ///< what stands behind each name of that list
+    SmbiosTree::Choice Choice;
+    SmbiosTree::Manner Manner;
+    SmbiosTree::Form Form = Form::Indented;
+    std::string DumpFile;
     SmbiosTree::Style Style;
+    std::optional<std::uint64_t> Limit; ///< of an input's output, in bytes
     bool ShowLog = false;
 };
 

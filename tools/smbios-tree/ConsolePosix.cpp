@@ -1,6 +1,5 @@
 #include "Console.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <string_view>
@@ -20,14 +19,25 @@ void PrepareStreams()
         if (fcntl(stream, F_GETFD) < 0)
             open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
     }
-    // Without a buffer a report is one write, and stays whole in a file that other processes append to.
+    // Without a buffer of the stream, a report that fits Output's is one write, and stays whole in a file
+    // that other processes append to.
     std::setvbuf(stdout, nullptr, _IONBF, 0);
+}
+
+std::FILE* OpenToRead(const std::string& name)
+{
+    return std::fopen(name.c_str(), "rb");
+}
+
+bool IsTerminal()
+{
+    return isatty(STDOUT_FILENO) == 1;
 }
 
 bool ShowsColours()
 {
     const char* const terminal = std::getenv("TERM");
-    return isatty(STDOUT_FILENO) == 1 && terminal != nullptr && std::string_view(terminal) != "dumb";
+    return IsTerminal() && terminal != nullptr && std::string_view(terminal) != "dumb";
 }
 
 } // namespace SmbiosTree::Console

@@ -1,7 +1,7 @@
 #include "Console.h"
 
-#include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <io.h>
 #include <windows.h>
 
@@ -39,6 +39,16 @@ void PrepareStreams()
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     SetConsoleOutputCP(CP_UTF8);
+}
+
+std::FILE* OpenToRead(const std::string& name)
+{
+    return _wfopen(std::filesystem::u8path(name).c_str(), L"rb");
+}
+
+bool IsTerminal()
+{
+    return _isatty(_fileno(stdout)) != 0;
 }
 
 bool ShowsColours()

@@ -9,14 +9,14 @@ namespace {
 
 class Comparison {
 public:
-    explicit Comparison(const Style& style) : Colours(style) {}
+    Comparison(Output& out, const Style& style) : Out(out), Colours(style) {}
 
-    void Compare(const Node& before, const Node& after)
+    void Compare(NodeView before, NodeView after)
     {
-        if (before.IsLeaf != after.IsLeaf) {
+        if (before.IsLeaf() != after.IsLeaf()) {
             ListAll("- ", Role::Removed, before);
             ListAll("+ ", Role::Added, after);
-        } else if (before.IsLeaf) {
+        } else if (before.IsLeaf()) {
             CompareValues(before, after);
         } else {
             CompareChildren(before, after);
@@ -24,69 +24,73 @@ public:
     }
 
     // All leaves below `node`. An inner node without children has a line too: it is all that there is.
-    void ListAll(const char* mark, Role role, const Node& node)
+    void ListAll(const char* mark, Role role, NodeView node)
     {
-        if (node.Children.empty())
-            List(mark, role, node);
-        for (const Node& child : node.Children)
+        if (node.IsLeaf() || node.Children().empty())
+            return List(mark, role, node);
+        for (const NodeView child : node.DistinctChildren())
             ListAll(mark, role, child);
     }
 
-    std::string Lines;
-
 private:
-    void List(const char* mark, Role role, const Node& node)
+    void List(const char* mark, Role role, NodeView node)
     {
-        std::string line = mark + Visible(node.Path);
-        if (node.IsLeaf)
-            line += " = " + Visible(node.Value);
-        Lines += Colours.Paint(role, line) + "\n";
+        Out.Append(Colours.Begin(role));
+        Out.Append(mark);
+        WriteVisible(Out, node.Path());
+        if (node.IsLeaf()) {
+            Out.Append(" = ");
+            WriteVisible(Out, node.Value());
+        }
+        Out.Append(Colours.End());
+        Out.Append('\n');
     }
 
-    void CompareValues(const Node& before, const Node& after)
+    void CompareValues(NodeView before, NodeView after)
     {
-        if (before.Value == after.Value)
+        if (before.Value() == after.Value())
             return;
         List("< ", Role::Changed, before);
         List("> ", Role::Changed, after);
     }
 
-    void CompareChildren(const Node& before, const Node& after)
+    void CompareChildren(NodeView before, NodeView after)
     {
-        std::unordered_map<std::string_view, const Node*> added;
-        for (const Node& child : after.Children)
-            added.emplace(child.Key, &child);
-        for (const Node& child : before.Children) {
-            const auto other = added.find(child.Key);
+        std::unordered_map<std::string_view, NodeView> added;
+        for (const NodeView child : after.DistinctChildren())
+            added.emplace(KeyOf(child, after), child);
+        for (const NodeView child : before.DistinctChildren()) {
+            const auto other = added.find(KeyOf(child, before));
             if (other == added.end()) {
                 ListAll("- ", Role::Removed, child);
                 continue;
             }
-            Compare(child, *other->second);
+            Compare(child, other->second);
             added.erase(other);
         }
-        for (const Node& child : after.Children) {
-            if (added.count(child.Key) != 0)
+        for (const NodeView child : after.DistinctChildren()) {
+            if (added.count(KeyOf(child, after)) != 0)
                 ListAll("+ ", Role::Added, child);
         }
     }
 
+    Output& Out;
     const Style& Colours;
 };
 
 } // namespace
 
-std::string Differences(const std::optional<Tree>& before, const std::optional<Tree>& after,
-                        const Style& style)
+void Differences(Output& out, const std::vector<NodePair>& pairs, const Style& style)
 {
-    Comparison comparison(style);
-    if (before && after)
-        comparison.Compare(before->Top(), after->Top());
-    else if (before)
-        comparison.ListAll("- ", Role::Removed, before->Top());
-    else if (after)
-        comparison.ListAll("+ ", Role::Added, after->Top());
-    return std::move(comparison.Lines);
+    Comparison comparison(out, style);
+    for (const auto& [before, after] : pairs) {
+        if (before && after)
+            comparison.Compare(before, after);
+        else if (before)
+            comparison.ListAll("- ", Role::Removed, before);
+        else
+            comparison.ListAll("+ ", Role::Added, after);
+    }
 }
 
 } // namespace SmbiosTree

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include <SMBIOSProtocol/ResultStatus.h>
+
 #include <stdexcept>
 #include <string>
 
@@ -19,6 +21,7 @@ constexpr const char* UnsupportedVersion = "unsupported-version";
 constexpr const char* UnknownPath = "unknown-path";
 constexpr const char* TreeTooLarge = "tree-too-large";
 constexpr const char* MachineUnreadable = "machine-unreadable";
+constexpr const char* NotAValue = "not-a-value";
 constexpr const char* OutOfMemory = "out-of-memory";
 } // namespace Kind
 
@@ -27,13 +30,22 @@ class Failure : public std::runtime_error {
 public:
     Failure(const char* code, const std::string& message) : std::runtime_error(message), Code(code) {}
 
-    const char* const Code; ///< one of Kind
+    const char* Code; ///< one of Kind
 };
 
-inline Failure OutOfMemory()
-{
-    return {Kind::OutOfMemory, "there is not enough memory for the tree; free some and try again"};
-}
+/// What the library says of a table from elsewhere.
+Failure InputFailure(const ResultStatus& status);
+
+/// What the library says of the running machine.
+Failure MachineFailure(const ResultStatus& status);
+
+Failure OutOfMemory();
+
+/// A file could not be saved.
+class SaveFailure : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
 /// The output could not be written: a full disk, a closed pipe.
 class OutputFailure : public std::runtime_error {

@@ -5,21 +5,37 @@ namespace SmbiosTree {
 
 namespace {
 
-void Write(std::string& out, const Node& node, const Style& style)
+void Write(Output& out, NodeView node, const Style& style)
 {
-    if (node.IsLeaf)
-        out += style.Paint(Role::Field, Visible(node.Path)) + " = " + Visible(node.Value) + "\n";
-    for (const Node& child : node.Children)
-        Write(out, child, style);
+    if (!node.IsLeaf()) {
+        for (const NodeView child : node.DistinctChildren())
+            Write(out, child, style);
+        return;
+    }
+    out.Append(style.Begin(Role::Field));
+    WriteVisible(out, node.Path());
+    out.Append(style.End());
+    out.Append(" = ");
+    WriteVisible(out, node.Value());
+    out.Append('\n');
 }
 
 } // namespace
 
-std::string Flat(const Node& top, const Style& style)
+void Flat(Output& out, const Selection& selection, const Style& style)
 {
-    std::string out;
-    Write(out, top, style);
-    return out;
+    for (const NodeView top : selection.Tops)
+        Write(out, top, style);
+}
+
+void Value(Output& out, const Selection& selection)
+{
+    const NodeView node = selection.Tops.front();
+    if (!node.IsLeaf())
+        throw Failure(Kind::NotAValue, "\"" + Visible(node.Path()) +
+                                           "\" is no value, but has others below it; see them with --flat");
+    out.Append(node.Value());
+    out.Append('\n');
 }
 
 } // namespace SmbiosTree

@@ -4,6 +4,7 @@
 #include "Report.h"
 #include "Summary.h"
 #include "Text.h"
+#include "Types.h"
 #include "page/Page.h"
 
 #include <algorithm>
@@ -13,48 +14,28 @@ namespace SmbiosTree {
 
 namespace {
 
+using Protocol::SMBIOS::NodeRange;
+
 // More slots than this are drawn small.
 constexpr std::size_t ManySlots = 32;
 
-struct Title {
-    std::string_view Key;
-    std::string_view Text;
-};
+constexpr std::string_view TypeKey = "/Type";
 
-constexpr Title Titles[] = {
-    {"/Type0", "BIOS Information"},
-    {"/Type1", "System Information"},
-    {"/Type2", "Baseboard Information"},
-    {"/Type3", "System Enclosure or Chassis"},
-    {"/Type4", "Processor Information"},
-    {"/Type7", "Cache Information"},
-    {"/Type8", "Port Connector Information"},
-    {"/Type9", "System Slots"},
-    {"/Type10", "On Board Devices Information"},
-    {"/Type11", "OEM Strings"},
-    {"/Type13", "BIOS Language Information"},
-    {"/Type16", "Physical Memory Array"},
-    {"/Type17", "Memory Device"},
-    {"/Type18", "32-bit Memory Error Information"},
-    {"/Type19", "Memory Array Mapped Address"},
-    {"/Type24", "Hardware Security"},
-    {"/Type32", "System Boot Information"},
-    {"/Type38", "IPMI Device Information"},
-    {"/Type132", "Platform Memory Description"},
-    {"/Type133", "Platform Reserved Memory"},
-    {"/ProcessorInfo", "processors by socket"},
-    {"/MemoryArray", "memory arrays with their devices"},
-};
-
-std::string_view TitleOf(const Node& node)
+// What a node below the root is, for those that do not say it themselves.
+std::string_view TitleOf(NodeView node)
 {
     const std::string_view root = RootPath;
-    if (node.Path.substr(0, root.size()) != root)
+    if (node.Path().substr(0, root.size()) != root)
         return {};
-    const auto* const title = std::find_if(std::begin(Titles), std::end(Titles), [&](const Title& candidate) {
-        return node.Path.substr(root.size()) == candidate.Key;
-    });
-    return title == std::end(Titles) ? std::string_view() : title->Text;
+    const std::string key(node.Path().substr(root.size()));
+    if (key == "/ProcessorInfo")
+        return "processors by socket";
+    if (key == "/MemoryArray")
+        return "memory arrays with their devices";
+    if (key.compare(0, TypeKey.size(), TypeKey) != 0)
+        return {};
+    const std::optional<unsigned int> type = TypeOf(key.substr(TypeKey.size()));
+    return type ? TitleOfType(*type) : std::string_view();
 }
 
 std::string Escaped(std::string_view text)
@@ -84,118 +65,156 @@ std::string Escaped(std::string_view text)
     return out;
 }
 
-std::string Element(const char* tag, std::string_view text)
+void WriteEscaped(Output& out, std::string_view text)
 {
-    return std::string("<") + tag + ">" + Escaped(text) + "</" + tag + ">";
+    if (IsPlain(text) && text.find_first_of("&<>\"'") == std::string_view::npos) // as nearly all are
+        out.Append(text);
+    else
+        out.Append(Escaped(text));
 }
 
-void WriteLeaf(std::string& out, const Node& leaf)
+void WriteElement(Output& out, std::string_view tag, std::string_view text)
 {
-    out += "<p data-k=\"" + Escaped(leaf.Key) + "\">" + Element("b", leaf.Name) +
-           Element("span", leaf.Value) + "</p>\n";
+    out.Append('<');
+    out.Append(tag);
+    out.Append('>');
+    WriteEscaped(out, text);
+    out.Append("</");
+    out.Append(tag);
+    out.Append('>');
+}
+
+void WriteLeaf(Output& out, NodeView leaf, std::string_view key, std::string_view name)
+{
+    out.Append("<p data-k=\"");
+    WriteEscaped(out, key);
+    out.Append("\">");
+    WriteElement(out, "b", name);
+    WriteElement(out, "span", leaf.Value());
+    out.Append("</p>\n");
 }
 
 // What stands beside an inner node's name: its title, and how many instances it lists.
-std::string Remark(const Node& node)
+std::string Remark(NodeView node)
 {
     std::string remark(TitleOf(node));
-    const auto instances = std::count_if(node.Children.begin(), node.Children.end(),
-                                         [](const Node& child) { return child.Key.front() == '['; });
+    const NodeRange children = node.DistinctChildren();
+    const auto instances = std::count_if(children.begin(), children.end(), IsInstance);
     if (instances != 0)
         remark += (remark.empty() ? "" : ", ") + std::to_string(instances);
-    if (node.Children.empty())
+    if (children.empty())
         remark += remark.empty() ? "none" : ", none";
     return remark;
 }
 
-void WriteNode(std::string& out, const Node& node, bool isOpen)
+void WriteNode(Output& out, NodeView node, std::string_view key, bool isTop)
 {
-    if (node.IsLeaf) {
-        WriteLeaf(out, node);
-        return;
-    }
-    out += node.Children.empty() ? "<details class=\"none\"" : "<details";
-    out +=
-        " data-k=\"" + Escaped(node.Key) + "\"" + (isOpen ? " open" : "") + "><summary>" + Escaped(node.Name);
+    if (node.IsLeaf())
+        return WriteLeaf(out, node, key, NameOf(node));
+    const NodeRange children = node.DistinctChildren();
+    out.Append(children.empty() ? "<details class=\"none\" data-k=\"" : "<details data-k=\"");
+    WriteEscaped(out, key);
+    out.Append(isTop ? "\" open><summary>" : "\"><summary>");
+    WriteEscaped(out, NameOf(node));
     const std::string remark = Remark(node);
     if (!remark.empty())
-        out += Element("i", remark);
-    out += "</summary>\n";
-    for (const Node& child : node.Children)
-        WriteNode(out, child, false);
-    out += "</details>\n";
+        WriteElement(out, "i", remark);
+    out.Append("</summary>\n");
+    for (const NodeView child : children)
+        WriteNode(out, child, KeyOf(child, node), false);
+    out.Append("</details>\n");
 }
 
-void WriteSlots(std::string& out, const SlotGroup& group, const char* kind)
+void WriteSlots(Output& out, const SlotGroup& group, std::string_view kind)
 {
-    out +=
-        std::string("<ul class=\"slots ") + kind + (group.Slots.size() > ManySlots ? " many" : "") + "\">\n";
+    out.Append("<ul class=\"slots ");
+    out.Append(kind);
+    out.Append(group.Slots.size() > ManySlots ? " many\">\n" : "\">\n");
     for (const Slot& slot : group.Slots) {
-        out += slot.IsFilled ? "<li class=\"filled\">" : "<li class=\"empty\">";
-        out += Element("b", slot.Headline);
+        out.Append(slot.IsFilled ? "<li class=\"filled\">" : "<li class=\"empty\">");
+        WriteElement(out, "b", slot.Headline);
         for (const std::string& line : slot.Lines)
-            out += Element("span", line);
-        out += "</li>\n";
+            WriteElement(out, "span", line);
+        out.Append("</li>\n");
     }
-    out += "</ul>\n";
+    out.Append("</ul>\n");
 }
 
-void WriteHeading(std::string& out, const char* name, const std::string& remark)
+void WriteHeading(Output& out, std::string_view name, const std::string& remark)
 {
-    out += std::string("<h2>") + name + Element("small", remark) + "</h2>\n";
+    out.Append("<h2>");
+    out.Append(name);
+    WriteElement(out, "small", remark);
+    out.Append("</h2>\n");
 }
 
-void WriteSummary(std::string& out, const Summary& summary)
+void WriteSummary(Output& out, const Summary& summary)
 {
-    out += "<header>\n" + Element("h1", summary.Title) + "\n";
-    if (!summary.Subtitle.empty())
-        out += Element("p", summary.Subtitle) + "\n";
-    out += "<dl class=\"facts\">\n";
-    for (const Fact& fact : summary.Facts)
-        out += "<div>" + Element("dt", fact.Label) + Element("dd", fact.Text) + "</div>\n";
-    out += "</dl>\n</header>\n<section id=\"processors\">\n";
+    out.Append("<header>\n");
+    WriteElement(out, "h1", summary.Title);
+    out.Append('\n');
+    if (!summary.Subtitle.empty()) {
+        WriteElement(out, "p", summary.Subtitle);
+        out.Append('\n');
+    }
+    out.Append("<dl class=\"facts\">\n");
+    for (const Fact& fact : summary.Facts) {
+        out.Append("<div>");
+        WriteElement(out, "dt", fact.Label);
+        WriteElement(out, "dd", fact.Text);
+        out.Append("</div>\n");
+    }
+    out.Append("</dl>\n</header>\n<section id=\"processors\">\n");
     WriteHeading(out, "Processors", summary.Processors.Title);
     WriteSlots(out, summary.Processors, "sockets");
-    out += "</section>\n<section id=\"memory\">\n";
+    out.Append("</section>\n<section id=\"memory\">\n");
     WriteHeading(out, "Memory", summary.Memory.Title);
     for (const SlotGroup& array : summary.MemoryArrays) {
-        if (summary.MemoryArrays.size() > 1)
-            out += Element("h3", array.Title) + "\n";
+        if (summary.MemoryArrays.size() > 1) {
+            WriteElement(out, "h3", array.Title);
+            out.Append('\n');
+        }
         WriteSlots(out, array, "modules");
     }
-    out += "</section>\n";
+    out.Append("</section>\n");
 }
 
-void WriteTree(std::string& out, const Node& top)
+void WriteTree(Output& out, const Selection& selection)
 {
-    out += "<section id=\"tree\">\n"
-           "<div class=\"bar\" hidden><input type=\"search\" placeholder=\"Search names and values\" "
-           "aria-label=\"Search names and values\"><output></output>"
-           "<button type=\"button\">Unfold all</button><button type=\"button\">Fold all</button>"
-           "<code></code></div>\n"
-           "<div class=\"tree\">\n";
-    WriteNode(out, top, true);
-    out += "</div>\n</section>\n";
+    out.Append("<section id=\"tree\">\n"
+               "<div class=\"bar\" hidden><input type=\"search\" placeholder=\"Search names and values\" "
+               "aria-label=\"Search names and values\"><output></output>"
+               "<button type=\"button\">Unfold all</button><button type=\"button\">Fold all</button>"
+               "<code></code></div>\n"
+               "<div class=\"tree\">\n");
+    for (const NodeView top : selection.Tops)
+        WriteNode(out, top, top.Path(), true);
+    out.Append("</div>\n</section>\n");
 }
 
 } // namespace
 
-std::string Html(const Node& root, const Node& top, const std::string& name)
+void Html(Output& out, const Tree& tree, const Selection& selection, const std::string& name,
+          const std::string& version)
 {
-    const Summary summary = Summarise(root);
-    std::string out =
+    Summary summary = Summarise(tree);
+    if (!version.empty())
+        summary.Facts.push_back({"SMBIOS", version});
+    out.Append(
         "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
         "style-src 'unsafe-inline'; script-src 'unsafe-inline'; base-uri 'none'; form-action 'none'\">\n"
-        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
-    out += Element("title", summary.Title + ": SMBIOS") + "\n<style>\n";
-    out.append(Page::StyleSheet).append("</style>\n</head>\n<body>\n");
+        "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n");
+    WriteElement(out, "title", summary.Title + ": SMBIOS");
+    out.Append("\n<style>\n");
+    out.Append(Page::StyleSheet);
+    out.Append("</style>\n</head>\n<body>\n");
     WriteSummary(out, summary);
-    WriteTree(out, top);
-    out += "<footer>" + Escaped("Read from " + name + " by smbios-tree " SMBIOS_TREE_VERSION) +
-           "</footer>\n<script>\n";
-    out.append(Page::Script).append("</script>\n</body>\n</html>\n");
-    return out;
+    WriteTree(out, selection);
+    WriteElement(out, "footer", "Read from " + name + " by smbios-tree " SMBIOS_TREE_VERSION);
+    out.Append("\n<script>\n");
+    out.Append(Page::Script);
+    out.Append("</script>\n</body>\n</html>\n");
 }
 
 } // namespace SmbiosTree

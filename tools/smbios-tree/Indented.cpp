@@ -5,28 +5,36 @@ namespace SmbiosTree {
 
 namespace {
 
-void Write(std::string& out, const Node& node, std::size_t depth, const Style& style)
+void Write(Output& out, NodeView node, std::size_t depth, const Style& style, std::string_view remark)
 {
-    out.append(2 * depth, ' ');
-    if (node.IsLeaf) {
-        out += style.Paint(Role::Field, Visible(node.Name) + ":");
-        if (!node.Value.empty())
-            out.append(" ").append(Visible(node.Value));
-    } else {
-        out += style.Paint(Role::Structure, Visible(node.Name));
+    out.AppendBlanks(2 * depth);
+    out.Append(style.Begin(node.IsLeaf() ? Role::Field : Role::Structure));
+    WriteVisible(out, NameOf(node));
+    if (node.IsLeaf())
+        out.Append(':');
+    out.Append(style.End());
+    if (!node.Value().empty()) {
+        out.Append(' ');
+        WriteVisible(out, node.Value());
     }
-    out += '\n';
-    for (const Node& child : node.Children)
-        Write(out, child, depth + 1, style);
+    if (!remark.empty() && !node.IsLeaf()) {
+        out.Append(" (");
+        out.Append(remark);
+        out.Append(')');
+    }
+    out.Append('\n');
+    if (node.IsLeaf())
+        return;
+    for (const NodeView child : node.DistinctChildren())
+        Write(out, child, depth + 1, style, {});
 }
 
 } // namespace
 
-std::string Indented(const Node& top, const Style& style)
+void Indented(Output& out, const Selection& selection, const Style& style, const std::string& remark)
 {
-    std::string out;
-    Write(out, top, 0, style);
-    return out;
+    for (const NodeView top : selection.Tops)
+        Write(out, top, 0, style, top.Path() == RootPath ? remark : std::string_view());
 }
 
 } // namespace SmbiosTree

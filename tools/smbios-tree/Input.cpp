@@ -2,92 +2,62 @@
 
 #include "Failure.h"
 
+#include <SMBIOSProtocol/ResultStatus.h>
+
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iostream>
 #include <system_error>
+#include <vector>
 
 namespace SmbiosTree {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-// The names under which Linux publishes the two in /sys/firmware/dmi/tables.
-constexpr const char* EntryPointFile = "smbios_entry_point";
-constexpr const char* TableFile = "DMI";
-
-// No table comes near; what is larger is a disk or an endless device.
-constexpr std::size_t MaxFileSize = 16U << 20;
-
-[[noreturn]] void RaiseUnreadable(const std::string& what, int error)
+std::vector<unsigned char> ReadStandardInput()
 {
-    const std::string reason = error != 0 ? std::generic_category().message(error) : "it cannot be read";
-    const char* const advice = error == EACCES || error == EPERM
-                                   ? "run as root (administrator), or give a copy that you may read"
-                               : error == ENOENT ? "check the name"
-                                                 : "give a file or folder that can be read";
-    throw Failure(Kind::Unreadable, what + reason + "; " + advice);
-}
-
-// `what` stands in front of each message: empty, or the file of a folder.
-Bytes ReadAll(std::istream& stream, const std::string& what)
-{
-    Bytes bytes;
-    char buffer[16384];
-    do {
-        errno = 0;
-        stream.read(buffer, sizeof buffer);
-        bytes.insert(bytes.end(), buffer, buffer + stream.gcount());
-        if (bytes.size() > MaxFileSize)
-            throw Failure(Kind::TooLarge, what + "more than 16 MiB; give a table image, a dump or a folder");
-    } while (stream);
-    if (stream.bad())
-        RaiseUnreadable(what, errno);
-    if (bytes.empty())
-        throw Failure(Kind::Empty, what + "it is empty; take the table again");
-    return bytes;
-}
-
-Bytes ReadFile(const fs::path& path, const std::string& what)
-{
+    std::vector<unsigned char> bytes;
+    unsigned char buffer[16384];
     errno = 0;
-    std::ifstream stream(path, std::ios::binary);
-    if (!stream)
-        RaiseUnreadable(what, errno);
-    return ReadAll(stream, what);
-}
-
-Contents ReadFolder(const fs::path& folder)
-{
-    std::error_code error;
-    if (!fs::exists(folder / EntryPointFile, error) && !error)
-        throw Failure(Kind::Unreadable,
-                      "a folder without the files smbios_entry_point and DMI; give a folder "
-                      "like /sys/firmware/dmi/tables, or a file");
-    Contents contents;
-    contents.IsFolder = true;
-    contents.EntryPoint = ReadFile(folder / EntryPointFile, std::string(EntryPointFile) + ": ");
-    contents.Table = ReadFile(folder / TableFile, std::string(TableFile) + ": ");
-    return contents;
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, stdin)) {
+        bytes.insert(bytes.end(), buffer, buffer + count);
+        if (bytes.size() > TableImage::MaxFileSize)
+            throw Failure(Kind::TooLarge, "more than 16 MiB; give a table image, a dump or a folder");
+    }
+    if (std::ferror(stdin) != 0)
+        throw Failure(Kind::Unreadable, std::generic_category().message(errno) +
+                                            "; give a file or a pipe that can be read to its end");
+    return bytes;
 }
 
 } // namespace
 
-Contents Read(const std::string& name)
+std::string NameOf(const Input& input)
 {
-    Contents contents;
-    if (name == "-") {
-        contents.File = ReadAll(std::cin, "");
-        return contents;
+    if (!input)
+        return "this machine";
+    return *input == "-" ? "standard input" : *input;
+}
+
+TableImage Read(const Input& input)
+{
+    try {
+        if (!input)
+            return TableImage::OfThisMachine();
+        return *input == "-" ? TableImage::FromBytes(ReadStandardInput())
+                             : TableImage::FromFile(std::filesystem::u8path(*input));
+    } catch (const ResultStatus& status) {
+        throw input ? InputFailure(status) : MachineFailure(status);
     }
-    const fs::path path = fs::u8path(name);
-    std::error_code error;
-    if (fs::is_directory(path, error))
-        return ReadFolder(path);
-    contents.File = ReadFile(path, "");
-    return contents;
+}
+
+void Save(const TableImage& table, const std::string& file)
+{
+    try {
+        table.Save(std::filesystem::u8path(file));
+    } catch (const ResultStatus& status) {
+        throw SaveFailure(status.Message());
+    }
 }
 
 } // namespace SmbiosTree

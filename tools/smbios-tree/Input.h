@@ -1,24 +1,26 @@
-// From the name of an input to its bytes.
+// From the name of an input to its table.
 
 #pragma once
 
+#include <SMBIOSProtocol/TableImage.h>
+
+#include <optional>
 #include <string>
-#include <vector>
 
 namespace SmbiosTree {
 
-using Bytes = std::vector<unsigned char>;
+using Protocol::SMBIOS::TableImage;
 
-/// What an input holds: a file's bytes, or the two files of a folder.
-struct Contents {
-    bool IsFolder = false;
-    Bytes File;       ///< a file, or standard input
-    Bytes EntryPoint; ///< of a folder
-    Bytes Table;      ///< of a folder
-};
+/// The name of a file or folder, "-" for standard input, or nothing: the running machine.
+using Input = std::optional<std::string>;
 
-/// Reads the file or folder, or standard input where the name is "-". Throws Failure where that cannot be
-/// read, is empty, or is beyond all size.
-Contents Read(const std::string& name);
+/// How a message names it.
+std::string NameOf(const Input& input);
+
+/// Reads the table. Throws Failure.
+TableImage Read(const Input& input);
+
+/// Saves the table as a dump in a new file. Throws SaveFailure.
+void Save(const TableImage& table, const std::string& file);
 
 } // namespace SmbiosTree

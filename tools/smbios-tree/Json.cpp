@@ -12,101 +12,248 @@
 #include "Report.h"
 #include "Text.h"
 
-#include <nlohmann/json.hpp>
+#include <rapidjson/prettywriter.h>
 
+#include <algorithm>
 #include <cstdlib>
+#include <vector>
 
 namespace SmbiosTree {
 
 namespace {
 
-using Document = nlohmann::ordered_json;
+constexpr std::string_view ReplacementCharacter = "\xEF\xBF\xBD";
 
-constexpr const char* Instances = "Instances";
-constexpr const char* ReplacementCharacter = "\xEF\xBF\xBD";
+// Where the writers put their characters.
+class Target {
+public:
+    using Ch = char;
 
-// `text` with each byte that belongs to no character replaced. Gives whether there was one.
-bool Repair(std::string_view text, std::string& out)
+    explicit Target(Output& out) : Out(out) {}
+    void Put(char character) { Out.Append(character); }
+    void Flush() {}
+
+private:
+    Output& Out;
+};
+
+// `text` with each byte that belongs to no character replaced.
+std::string Repaired(std::string_view text)
 {
-    bool isRepaired = false;
+    std::string out;
     while (!text.empty()) {
-        const std::size_t length = CharacterLength(text);
-        isRepaired |= length == 0;
+        const std::size_t length = FirstCharacter(text).Length;
         out.append(length == 0 ? ReplacementCharacter : text.substr(0, length));
         text.remove_prefix(length == 0 ? 1 : length);
     }
-    return isRepaired;
+    return out;
 }
 
-Document FromText(std::string_view text)
+void AppendUnit(std::string& out, char32_t unit)
 {
-    std::string repaired;
-    if (!Repair(text, repaired))
-        return repaired;
-    return {{"text", repaired}, {"bytes", Hexadecimal(text)}};
+    static constexpr char Digits[] = "0123456789abcdef";
+    out += "\\u";
+    for (const int shift : {12, 8, 4, 0})
+        out += Digits[unit >> shift & 0xF];
 }
 
-Document FromName(const std::optional<std::string>& input)
+void AppendCharacter(std::string& out, char32_t character)
 {
-    return input ? FromText(*input) : Document(nullptr);
-}
-
-Document FromNode(const Node& node);
-
-// Puts an instance at its place, behind as many nulls as it takes.
-void PutInstance(Document& list, const Node& node)
-{
-    const std::size_t index = std::strtoul(std::string(node.Key.substr(1)).c_str(), nullptr, 10);
-    while (list.size() < index)
-        list.push_back(nullptr);
-    list[index - 1] = FromNode(node);
-}
-
-Document FromNode(const Node& node)
-{
-    if (node.IsLeaf)
-        return FromText(node.Value);
-    Document named = Document::object();
-    Document list = Document::array();
-    for (const Node& child : node.Children) {
-        if (child.Key.front() == '[')
-            PutInstance(list, child);
-        else
-            named[std::string(child.Name)] = FromNode(child);
+    constexpr std::string_view ShortEscapes = "\"\"\\\\\bb\ff\nn\rr\tt"; // each with its letter
+    for (std::size_t i = 0; i < ShortEscapes.size(); i += 2) {
+        if (character == static_cast<unsigned char>(ShortEscapes[i])) {
+            out.append("\\").append(1, ShortEscapes[i + 1]);
+            return;
+        }
     }
-    if (list.empty())
-        return named;
-    if (named.empty())
-        return list;
-    named[Instances] = std::move(list);
-    return named;
+    if (' ' <= character && character <= '~') {
+        out += static_cast<char>(character);
+    } else if (character < 0x10000) {
+        AppendUnit(out, character);
+    } else {
+        AppendUnit(out, 0xD800 + ((character - 0x10000) >> 10));
+        AppendUnit(out, 0xDC00 + ((character - 0x10000) & 0x3FF));
+    }
 }
 
-constexpr int OneLine = -1;
-constexpr int Indentation = 2;
-
-std::string Text(const Document& document, int indentation)
+// A JSON string, of ASCII alone.
+std::string Quoted(std::string_view text)
 {
-    constexpr bool onlyAscii = true;
-    return document.dump(indentation, ' ', onlyAscii) + "\n";
+    std::string out = "\"";
+    while (!text.empty()) {
+        const Character character = FirstCharacter(text);
+        AppendCharacter(out, character.Code);
+        text.remove_prefix(character.Length);
+    }
+    out += '"';
+    return out;
 }
+
+bool IsUtf8(std::string_view text)
+{
+    while (!text.empty()) {
+        const std::size_t length = FirstCharacter(text).Length;
+        if (length == 0)
+            return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+struct Instance {
+    std::size_t Index;
+    NodeView Node;
+};
+
+Instance InstanceAt(NodeView node)
+{
+    return {std::strtoul(std::string(node.Name().substr(1)).c_str(), nullptr, 10), node};
+}
+
+template <typename Writer>
+class Document {
+public:
+    explicit Document(Output& out) : Stream(out), Json(Stream) {}
+
+    Writer& Structure() { return Json; }
+
+    // `text` is ASCII without controls.
+    void WritePlain(std::string_view text)
+    {
+        Json.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
+    }
+
+    void WriteText(std::string_view text)
+    {
+        if (IsPlain(text)) // as nearly all are
+            return WritePlain(text);
+        if (IsUtf8(text))
+            return WriteQuoted(text);
+        Json.StartObject();
+        WritePlain("text");
+        WriteQuoted(Repaired(text));
+        WritePlain("bytes");
+        WritePlain(Hexadecimal(text));
+        Json.EndObject();
+    }
+
+    void WriteNode(NodeView node)
+    {
+        if (node.IsLeaf())
+            return WriteText(node.Value());
+        std::vector<Instance> instances;
+        bool isObject = false;
+        for (const NodeView child : node.DistinctChildren()) {
+            if (IsInstance(child)) {
+                instances.push_back(InstanceAt(child));
+                continue;
+            }
+            if (!isObject)
+                Json.StartObject();
+            isObject = true;
+            WriteText(child.Name());
+            WriteNode(child);
+        }
+        if (!isObject && instances.empty())
+            Json.StartObject();
+        if (!isObject && !instances.empty())
+            return WriteInstances(instances);
+        if (!instances.empty()) {
+            WritePlain("Instances");
+            WriteInstances(instances);
+        }
+        Json.EndObject();
+    }
+
+    // A list of nodes is an object of them by name.
+    void Write(const Selection& selection)
+    {
+        if (!selection.IsList)
+            return WriteNode(selection.Tops.front());
+        Json.StartObject();
+        for (const NodeView top : selection.Tops) {
+            WriteText(NameOf(top));
+            WriteNode(top);
+        }
+        Json.EndObject();
+    }
+
+    void WriteInput(const Input& input)
+    {
+        WritePlain("input");
+        if (input)
+            WriteText(*input);
+        else
+            Json.Null();
+    }
+
+private:
+    void WriteQuoted(std::string_view text)
+    {
+        const std::string quoted = Quoted(text);
+        Json.RawValue(quoted.data(), quoted.size(), rapidjson::kStringType);
+    }
+
+    // Each at its place, nulls between them.
+    void WriteInstances(std::vector<Instance>& instances)
+    {
+        const auto isBefore = [](const Instance& left, const Instance& right) {
+            return left.Index < right.Index;
+        };
+        std::sort(instances.begin(), instances.end(), isBefore);
+        Json.StartArray();
+        std::size_t next = 1;
+        for (const Instance& instance : instances) {
+            for (; next < instance.Index; ++next)
+                Json.Null();
+            WriteNode(instance.Node);
+            ++next;
+        }
+        Json.EndArray();
+    }
+
+    Target Stream;
+    Writer Json;
+};
+
+using Lines = Document<rapidjson::PrettyWriter<Target>>;
+using OneLine = Document<rapidjson::Writer<Target>>;
 
 } // namespace
 
-std::string Json(const Node& top)
+void Json(Output& out, const Selection& selection)
 {
-    return Text(FromNode(top), Indentation);
+    Lines document(out);
+    document.Structure().SetIndent(' ', 2);
+    document.Write(selection);
+    out.Append('\n');
 }
 
-std::string JsonLine(const std::optional<std::string>& input, const Node& top)
+void JsonLine(Output& out, const Input& input, const Selection& selection)
 {
-    return Text({{"input", FromName(input)}, {"tree", FromNode(top)}}, OneLine);
+    OneLine document(out);
+    document.Structure().StartObject();
+    document.WriteInput(input);
+    document.WritePlain("tree");
+    document.Write(selection);
+    document.Structure().EndObject();
+    out.Append('\n');
 }
 
-std::string JsonLine(const std::optional<std::string>& input, const Failure& failure)
+void JsonLine(Output& out, const Input& input, const Failure& failure)
 {
-    const Document error{{"code", failure.Code}, {"message", FromText(failure.what())}};
-    return Text({{"input", FromName(input)}, {"error", error}}, OneLine);
+    OneLine document(out);
+    document.Structure().StartObject();
+    document.WriteInput(input);
+    document.WritePlain("error");
+    document.Structure().StartObject();
+    document.WritePlain("code");
+    document.WritePlain(failure.Code);
+    document.WritePlain("message");
+    document.WriteText(failure.what());
+    document.Structure().EndObject();
+    document.Structure().EndObject();
+    out.Append('\n');
 }
 
 } // namespace SmbiosTree

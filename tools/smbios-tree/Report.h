@@ -3,11 +3,12 @@
 #pragma once
 
 #include "Failure.h"
+#include "Output.h"
 #include "Tree.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace SmbiosTree {
 
@@ -17,31 +18,36 @@ enum class Role { Structure, Field, Removed, Added, Changed };
 struct Style {
     bool HasColours = false;
 
-    /// `text` in the colour of its role, where there are colours.
-    std::string Paint(Role role, std::string_view text) const;
+    /// What stands around text of a role; empty where there are no colours.
+    std::string_view Begin(Role role) const;
+    std::string_view End() const;
 };
 
 /// A line for each node, two blanks deeper than its parent: "Name" of an inner node, "Name: value" of a leaf.
-std::string Indented(const Node& top, const Style& style);
+/// `remark` stands behind the name of the root.
+void Indented(Output& out, const Selection& selection, const Style& style, const std::string& remark);
 
 /// A line "path = value" for each leaf.
-std::string Flat(const Node& top, const Style& style);
+void Flat(Output& out, const Selection& selection, const Style& style);
+
+/// The bytes of one leaf's value as they are, and a line feed. Throws Failure where it is no leaf.
+void Value(Output& out, const Selection& selection);
 
 /// The tree as a JSON document of several lines; ASCII alone.
-std::string Json(const Node& top);
+void Json(Output& out, const Selection& selection);
 
 /// An input and its tree, or its failure, as a JSON document of one line; ASCII alone. Without a name, the
 /// input is the running machine.
-std::string JsonLine(const std::optional<std::string>& input, const Node& top);
-std::string JsonLine(const std::optional<std::string>& input, const Failure& failure);
+void JsonLine(Output& out, const Input& input, const Selection& selection);
+void JsonLine(Output& out, const Input& input, const Failure& failure);
 
-/// A page for the browser, complete in itself: a summary of the machine from its whole tree `root`, and the
-/// tree from `top` down. `name` says where it was read.
-std::string Html(const Node& root, const Node& top, const std::string& name);
+/// A page for the browser, complete in itself: a summary of the machine from its whole tree, and what is
+/// selected of the tree. `name` says where it was read, `version` what it was read as.
+void Html(Output& out, const Tree& tree, const Selection& selection, const std::string& name,
+          const std::string& version);
 
 /// A line for each leaf that is not in both trees with the same value, marked "-" where it is in the first
-/// alone, "+" in the second alone, "<" and ">" where the value changed. Either tree may be missing.
-std::string Differences(const std::optional<Tree>& before, const std::optional<Tree>& after,
-                        const Style& style);
+/// alone, "+" in the second alone, "<" and ">" where the value changed.
+void Differences(Output& out, const std::vector<NodePair>& pairs, const Style& style);
 
 } // namespace SmbiosTree

@@ -2,13 +2,11 @@
 
 namespace SmbiosTree {
 
-namespace {
-
 // "Select graphic rendition" of the terminal.
-constexpr std::string_view Reset = "\x1B[0m";
-
-std::string_view Begin(Role role)
+std::string_view Style::Begin(Role role) const
 {
+    if (!HasColours)
+        return {};
     switch (role) {
     case Role::Structure:
         return "\x1B[1m";
@@ -21,16 +19,12 @@ std::string_view Begin(Role role)
     case Role::Changed:
         return "\x1B[33m";
     }
-    return Reset;
+    return {};
 }
 
-} // namespace
-
-std::string Style::Paint(Role role, std::string_view text) const
+std::string_view Style::End() const
 {
-    if (!HasColours)
-        return std::string(text);
-    return std::string(Begin(role)).append(text).append(Reset);
+    return HasColours ? "\x1B[0m" : std::string_view();
 }
 
 } // namespace SmbiosTree

@@ -1,8 +1,15 @@
-// The summary of a machine. Sizes of a memory device (type 17):
+// The summary of a machine, from fields that refer to others where a value is too large for them:
 //
-//   Size           0: empty; 65535: unknown; 32767: see ExtendedSize;
-//                  bit 15 set: bits 14:0 in KB, else in MB
-//   ExtendedSize   bits 30:0 in MB
+//   type 4    CoreCount, ThreadCount   255: see CoreCount2, ThreadCount2
+//             ProcessorFamily          254: see ProcessorFamily2
+//             Upgrade                  its last value: see SocketType
+//   type 17   Size                     0: empty; 65535: unknown; 32767: see ExtendedSize;
+//                                      bit 15 set: bits 14:0 in KB, else in MB
+//             ExtendedSize             bits 30:0 in MB
+//             Speed                    in MT/s, which older versions call MHz; 65535: see ExtendedSpeed
+//             ConfiguredMemorySpeed    in MT/s; 65535: see ExtendedConfiguredMemorySpeed
+//   type 22   DesignCapacity           in mWh, by DesignCapacityMultiplier
+//   type 43   VendorID                 four characters in hexadecimal, filled with 00
 
 #include "Summary.h"
 
@@ -15,35 +22,52 @@ namespace SmbiosTree {
 
 namespace {
 
-const Node* Find(const Node& top, std::string_view path)
-{
-    for (const Node& child : top.Children) {
-        if (child.Key == path)
-            return &child;
-        const bool leadsOn = path.substr(0, child.Key.size()) == child.Key && !child.Children.empty();
-        const Node* const found = leadsOn ? Find(child, path.substr(child.Key.size())) : nullptr;
-        if (found != nullptr)
-            return found;
+// A node of the tree, and what its leaves say.
+class Part {
+public:
+    Part(const Tree& tree, std::string_view path) : Whole(tree), Path(path) {}
+
+    bool Has(std::string_view name) const { return static_cast<bool>(At(name)); }
+
+    // Without the blanks around it; empty where there is no leaf.
+    std::string Text(std::string_view name) const
+    {
+        const NodeView leaf = At(name);
+        const std::string_view text = leaf ? leaf.Value() : std::string_view();
+        const std::size_t first = text.find_first_not_of(' ');
+        if (first == std::string_view::npos)
+            return {};
+        return std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
     }
-    return nullptr;
-}
 
-// A leaf's text without the blanks around it; empty where there is no leaf.
-std::string TextAt(const Node& top, std::string_view path)
-{
-    const Node* const leaf = Find(top, path);
-    if (leaf == nullptr)
-        return {};
-    const std::size_t first = leaf->Value.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return std::string(leaf->Value.substr(first, leaf->Value.find_last_not_of(' ') - first + 1));
-}
+    std::uint64_t Number(std::string_view name) const
+    {
+        return std::strtoull(Text(name).c_str(), nullptr, 10);
+    }
 
-std::uint64_t NumberAt(const Node& top, std::string_view path)
-{
-    return std::strtoull(TextAt(top, path).c_str(), nullptr, 10);
-}
+    // What stands behind the type's or list's name: "[2]".
+    std::string_view Index() const { return Path.substr(Path.rfind('[')); }
+
+    // The instances that the node below lists; a type of which there is one structure at most lists none.
+    std::vector<Part> Instances(std::string_view name) const
+    {
+        std::vector<Part> instances;
+        const NodeView list = At(name);
+        if (!list)
+            return instances;
+        for (const NodeView child : list.DistinctChildren()) {
+            if (IsInstance(child))
+                instances.emplace_back(Whole, child.Path());
+        }
+        return instances;
+    }
+
+private:
+    NodeView At(std::string_view name) const { return Whole.Find(std::string(Path).append(name)); }
+
+    const Tree& Whole;
+    std::string_view Path; // the tree's own text
+};
 
 // The texts that are not empty, one behind the other.
 std::string Joined(std::initializer_list<std::string> texts, const char* between = " ")
@@ -64,9 +88,17 @@ std::string Count(std::uint64_t count, const char* one)
     return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
 }
 
-std::string Megahertz(std::uint64_t speed)
+// "2400 MHz"; empty where the speed is not known.
+std::string SpeedText(std::uint64_t speed, const char* unit)
 {
-    return speed == 0 || speed == 0xFFFF ? std::string() : std::to_string(speed) + " MHz";
+    return speed == 0 || speed == 0xFFFF ? std::string() : std::to_string(speed) + " " + unit;
+}
+
+// The number at `name`, or the one at `wide` where `name` says `full` and the other is there.
+std::uint64_t WideNumber(const Part& part, std::string_view name, std::uint64_t full, std::string_view wide)
+{
+    const std::uint64_t number = part.Number(name);
+    return number == full && part.Has(wide) ? part.Number(wide) : number;
 }
 
 std::string SizeText(std::uint64_t kilobytes)
@@ -82,16 +114,16 @@ std::string SizeText(std::uint64_t kilobytes)
 }
 
 // 0 where the size is unknown.
-std::uint64_t Kilobytes(const Node& device)
+std::uint64_t Kilobytes(const Part& device)
 {
     constexpr std::uint64_t Unknown = 0xFFFF;
     constexpr std::uint64_t Extended = 0x7FFF;
     constexpr std::uint64_t IsInKilobytes = 0x8000;
-    const std::uint64_t size = NumberAt(device, "/Size");
+    const std::uint64_t size = device.Number("/Size");
     if (size == Unknown)
         return 0;
-    if (size == Extended && Find(device, "/ExtendedSize") != nullptr)
-        return (NumberAt(device, "/ExtendedSize") & 0x7FFFFFFF) * 1024;
+    if (size == Extended && device.Has("/ExtendedSize"))
+        return (device.Number("/ExtendedSize") & 0x7FFFFFFF) * 1024;
     return (size & IsInKilobytes) != 0 ? size & ~IsInKilobytes : size * 1024;
 }
 
@@ -102,34 +134,65 @@ std::string Filled(const std::vector<Slot>& slots, const char* kind)
     return std::to_string(filled) + " of " + Count(slots.size(), kind) + " filled";
 }
 
-Slot Socket(const Node& processor)
+// The family's name, or its number where it has none here. The number stands with the structure alone.
+std::string Family(const Part& root, const Part& processor)
+{
+    constexpr std::uint64_t InFamily2 = 254;
+    const std::string structure = "/Type4" + std::string(processor.Index());
+    const bool isInFamily2 =
+        root.Number(structure + "/ProcessorFamily_Raw") == InFamily2 && processor.Has("/ProcessorFamily2");
+    const std::string name = isInFamily2 ? "/ProcessorFamily2" : "/ProcessorFamily";
+    const std::string text = processor.Text(name);
+    const std::string number = root.Text(structure + name + "_Raw");
+    return text.empty() && !number.empty() ? "family " + number : text;
+}
+
+std::string SocketKind(const Part& processor)
+{
+    const std::string named = processor.Text("/SocketType");
+    return named.empty() ? processor.Text("/Upgrade") : named;
+}
+
+Slot Socket(const Part& root, const Part& processor)
 {
     Slot socket;
-    socket.IsFilled = TextAt(processor, "/ProcessorPresent") == "True";
-    const std::string name = TextAt(processor, "/SocketDesignation");
+    socket.IsFilled = processor.Text("/ProcessorPresent") == "True";
+    const std::string name = processor.Text("/SocketDesignation");
     if (!socket.IsFilled) {
         socket.Headline = "empty";
-        socket.Lines = {Joined({name, TextAt(processor, "/Upgrade")}, ", ")};
+        socket.Lines = {Joined({name, SocketKind(processor)}, ", ")};
         return socket;
     }
-    socket.Headline = TextAt(processor, "/ProcessorVersion");
+    socket.Headline = processor.Text("/ProcessorVersion");
     if (socket.Headline.empty())
-        socket.Headline =
-            Joined({TextAt(processor, "/ProcessorManufacturer"), TextAt(processor, "/ProcessorFamily")});
-    socket.Lines = {name, Joined({Count(NumberAt(processor, "/CoreCount"), "core"),
-                                  Count(NumberAt(processor, "/ThreadCount"), "thread"),
-                                  Megahertz(NumberAt(processor, "/CurrentSpeed"))},
-                                 ", ")};
+        socket.Headline = Joined({processor.Text("/ProcessorManufacturer"), Family(root, processor)});
+    socket.Lines = {name,
+                    Joined({Count(WideNumber(processor, "/CoreCount", 255, "/CoreCount2"), "core"),
+                            Count(WideNumber(processor, "/ThreadCount", 255, "/ThreadCount2"), "thread"),
+                            SpeedText(processor.Number("/CurrentSpeed"), "MHz")},
+                           ", ")};
     return socket;
 }
 
-Slot ModuleSlot(const Node& device)
+// "DDR5 4800 MT/s, runs at 4400 MT/s".
+std::string ModuleKind(const Part& device)
+{
+    const bool isNewer = device.Has("/ConfiguredMemorySpeed");
+    const std::uint64_t speed = WideNumber(device, "/Speed", 0xFFFF, "/ExtendedSpeed");
+    const std::uint64_t configured =
+        WideNumber(device, "/ConfiguredMemorySpeed", 0xFFFF, "/ExtendedConfiguredMemorySpeed");
+    const std::string kind = Joined({device.Text("/MemoryType"), SpeedText(speed, isNewer ? "MT/s" : "MHz")});
+    const std::string runsAt = configured == speed ? std::string() : SpeedText(configured, "MT/s");
+    return Joined({kind, runsAt.empty() ? runsAt : "runs at " + runsAt}, ", ");
+}
+
+Slot ModuleSlot(const Part& device)
 {
     Slot slot;
-    slot.IsFilled = TextAt(device, "/Size") != "0";
-    std::string name = TextAt(device, "/DeviceLocator");
+    slot.IsFilled = device.Text("/Size") != "0";
+    std::string name = device.Text("/DeviceLocator");
     if (name.empty())
-        name = TextAt(device, "/BankLocator");
+        name = device.Text("/BankLocator");
     if (!slot.IsFilled) {
         slot.Headline = "empty";
         slot.Lines = {name};
@@ -137,29 +200,15 @@ Slot ModuleSlot(const Node& device)
     }
     const std::uint64_t size = Kilobytes(device);
     slot.Headline = size == 0 ? "size unknown" : SizeText(size);
-    slot.Lines = {name, Joined({TextAt(device, "/MemoryType"), Megahertz(NumberAt(device, "/Speed"))})};
+    slot.Lines = {name, ModuleKind(device)};
     return slot;
 }
 
-// The instances that a node lists; a type of which there is one structure at most lists none.
-std::vector<const Node*> Instances(const Node& root, std::string_view list)
-{
-    std::vector<const Node*> instances;
-    const Node* const node = Find(root, list);
-    if (node == nullptr)
-        return instances;
-    for (const Node& child : node->Children) {
-        if (child.Key.front() == '[')
-            instances.push_back(&child);
-    }
-    return instances;
-}
-
-SlotGroup Processors(const Node& root)
+SlotGroup Processors(const Part& root)
 {
     SlotGroup group;
-    for (const Node* const processor : Instances(root, "/ProcessorInfo"))
-        group.Slots.push_back(Socket(*processor));
+    for (const Part& processor : root.Instances("/ProcessorInfo"))
+        group.Slots.push_back(Socket(root, processor));
     group.Title = group.Slots.empty() ? "none in the table" : Filled(group.Slots, "socket");
     return group;
 }
@@ -173,13 +222,13 @@ void NameMemory(SlotGroup& group, std::uint64_t kilobytes, const std::string& na
 }
 
 // Devices go by the array handle that they name: some firmware names one that no array has.
-void AddMemory(Summary& summary, const Node& root)
+void AddMemory(Summary& summary, const Part& root)
 {
     std::vector<std::string> handles;
     std::vector<std::uint64_t> sizes;
     std::uint64_t total = 0;
-    for (const Node* const device : Instances(root, "/Type17")) {
-        const std::string handle = TextAt(*device, "/MemoryArrayHandle");
+    for (const Part& device : root.Instances("/Type17")) {
+        const std::string handle = device.Text("/MemoryArrayHandle");
         const auto place =
             static_cast<std::size_t>(std::find(handles.begin(), handles.end(), handle) - handles.begin());
         if (place == handles.size()) {
@@ -187,11 +236,11 @@ void AddMemory(Summary& summary, const Node& root)
             sizes.push_back(0);
             summary.MemoryArrays.emplace_back();
         }
-        const Slot slot = ModuleSlot(*device);
+        const Slot slot = ModuleSlot(device);
         summary.MemoryArrays[place].Slots.push_back(slot);
         summary.Memory.Slots.push_back(slot);
-        sizes[place] += Kilobytes(*device);
-        total += Kilobytes(*device);
+        sizes[place] += Kilobytes(device);
+        total += Kilobytes(device);
     }
     for (std::size_t i = 0; i < sizes.size(); ++i)
         NameMemory(summary.MemoryArrays[i], sizes[i], "Array " + std::to_string(i + 1) + ": ");
@@ -204,24 +253,84 @@ void AddFact(Summary& summary, const char* label, const std::string& text)
         summary.Facts.push_back({label, text});
 }
 
+// "47.5 Wh"; empty where the capacity is not known.
+std::string WattHours(const Part& battery)
+{
+    const std::uint64_t factor =
+        battery.Has("/DesignCapacityMultiplier") ? battery.Number("/DesignCapacityMultiplier") : 1;
+    const std::uint64_t tenths = battery.Number("/DesignCapacity") * factor / 100;
+    if (tenths == 0)
+        return {};
+    const std::string fraction = tenths % 10 == 0 ? "" : "." + std::to_string(tenths % 10);
+    return std::to_string(tenths / 10) + fraction + " Wh";
+}
+
+void AddBatteries(Summary& summary, const Part& root)
+{
+    for (const Part& battery : root.Instances("/Type22")) {
+        std::string chemistry = battery.Text("/SBDSDeviceChemistry");
+        if (chemistry.empty())
+            chemistry = battery.Text("/DeviceChemistry");
+        AddFact(summary, "Battery",
+                Joined({Joined({battery.Text("/Manufacturer"), battery.Text("/DeviceName")}), chemistry,
+                        WattHours(battery)},
+                       ", "));
+    }
+}
+
+// "0X49465800" as "IFX".
+std::string FromHexadecimal(const std::string& digits)
+{
+    std::string text;
+    for (std::size_t i = 2; i + 1 < digits.size(); i += 2) {
+        const auto character = static_cast<char>(std::strtoul(digits.substr(i, 2).c_str(), nullptr, 16));
+        if (character != '\0')
+            text += character;
+    }
+    return text;
+}
+
+void AddTrustedModules(Summary& summary, const Part& root)
+{
+    for (const Part& module : root.Instances("/Type43"))
+        AddFact(summary, "TPM",
+                Joined({FromHexadecimal(module.Text("/VendorID")),
+                        module.Text("/MajorSpecVersion") + "." + module.Text("/MinorSpecVersion")}));
+}
+
+void AddFirmwareInventory(Summary& summary, const Part& root)
+{
+    constexpr std::size_t Most = 8;
+    const std::vector<Part> all = root.Instances("/Type45");
+    std::string text;
+    for (std::size_t i = 0; i < std::min(all.size(), Most); ++i)
+        text = Joined(
+            {text, Joined({all[i].Text("/FirmwareComponentName"), all[i].Text("/FirmwareVersion")})}, ", ");
+    if (all.size() > Most)
+        text += " and " + std::to_string(all.size() - Most) + " more";
+    AddFact(summary, "Further firmware", text);
+}
+
 } // namespace
 
-Summary Summarise(const Node& root)
+Summary Summarise(const Tree& tree)
 {
+    const Part root(tree, RootPath);
     Summary summary;
-    summary.Title = Joined({TextAt(root, "/Type1/Manufacturer"), TextAt(root, "/Type1/ProductName")});
+    summary.Title = Joined({root.Text("/Type1/Manufacturer"), root.Text("/Type1/ProductName")});
     if (summary.Title.empty())
         summary.Title = "A machine without a name";
-    summary.Subtitle = TextAt(root, "/Type1/Version");
-    AddFact(summary, "Serial number", TextAt(root, "/Type1/SerialNo"));
-    AddFact(summary, "UUID", TextAt(root, "/Type1/UUID"));
+    summary.Subtitle = root.Text("/Type1/Version");
+    AddFact(summary, "Serial number", root.Text("/Type1/SerialNo"));
+    AddFact(summary, "UUID", root.Text("/Type1/UUID"));
     AddFact(summary, "Firmware",
-            Joined({TextAt(root, "/Type0/BIOSVendor"), TextAt(root, "/Type0/BIOSVersion"),
-                    TextAt(root, "/Type0/BIOSReleaseDate")}));
-    AddFact(summary, "Board",
-            Joined({TextAt(root, "/Type2[1]/Manufacturer"), TextAt(root, "/Type2[1]/Product")}));
-    AddFact(summary, "Chassis",
-            Joined({TextAt(root, "/Type3/Manufacturer"), TextAt(root, "/Type3/ChassisType")}));
+            Joined({root.Text("/Type0/BIOSVendor"), root.Text("/Type0/BIOSVersion"),
+                    root.Text("/Type0/BIOSReleaseDate")}));
+    AddFact(summary, "Board", Joined({root.Text("/Type2[1]/Manufacturer"), root.Text("/Type2[1]/Product")}));
+    AddFact(summary, "Chassis", Joined({root.Text("/Type3/Manufacturer"), root.Text("/Type3/ChassisType")}));
+    AddBatteries(summary, root);
+    AddTrustedModules(summary, root);
+    AddFirmwareInventory(summary, root);
     summary.Processors = Processors(root);
     AddMemory(summary, root);
     return summary;

@@ -35,7 +35,7 @@ struct Summary {
     std::vector<SlotGroup> MemoryArrays; ///< the same slots by array
 };
 
-/// Takes the summary from the whole tree.
-Summary Summarise(const Node& root);
+/// Takes the summary from the tree.
+Summary Summarise(const Tree& tree);
 
 } // namespace SmbiosTree

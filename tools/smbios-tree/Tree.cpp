@@ -1,11 +1,9 @@
 #include "Tree.h"
 
 #include "Failure.h"
-#include "Image.h"
 #include "Text.h"
 
-#include <SMBIOSProtocol/SMBIOSProtocolImpl.h>
-
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -13,126 +11,154 @@ namespace SmbiosTree {
 
 namespace {
 
-using Protocol::SMBIOS::ISMBIOSProtocol;
+using Protocol::SMBIOS::Reading;
 using Protocol::SMBIOS::SMBIOSProtocolImpl;
-using Found = std::map<std::string, _XNode>;
-
-// Where Linux publishes the running machine's table, for those whose version needs --read-as.
-constexpr const char* PublishedFolder = "/sys/firmware/dmi/tables";
-
-constexpr const char* KnownVersions = " is not supported (2.3 to 2.8 and 3.0 are); ";
 
 Failure UnsupportedVersion(Version version)
 {
     const bool isOld = version.Major < 2 || (version.Major == 2 && version.Minor < 3);
-    return {Kind::UnsupportedVersion,
-            "SMBIOS version " + version.Text() + KnownVersions + "use --read-as " + (isOld ? "2.3" : "3.0")};
+    return {Kind::UnsupportedVersion, "SMBIOS version " + version.Text() +
+                                          " is not supported (2.3 to 2.8 and 3.0 are); use --read-as " +
+                                          (isOld ? "2.3" : "3.0")};
 }
 
-// The library's words for the failures of an image speak of the running machine too.
-Failure ImageFailure(const ResultStatus& status, Version version)
+Failure UnsupportedMachine()
 {
-    switch (status.Code()) {
-    case RESULT_NO_TABLE:
-        return {Kind::NoEntryPoint,
-                "no complete 32-bit entry point (\"_SM_\") in it; give a table with one behind "
-                "it, a dump that begins with one, or the folder that holds "
-                "smbios_entry_point and DMI"};
-    case RESULT_BAD_CHECKSUM:
-        return {Kind::Damaged, "the checksum of the entry point is wrong; take the table again"};
-    case RESULT_UNSUPPORTED_VERSION:
-        return UnsupportedVersion(version);
-    default:
-        return {Kind::MachineUnreadable, status.Message()};
+    return {Kind::UnsupportedVersion, "its SMBIOS version is not supported (2.3 to 2.8 and 3.0 are); use "
+                                      "--newest, or --read-as 3.0"};
+}
+
+Tree Decoded(const TableImage& table, Reading reading)
+{
+    return {std::make_shared<SMBIOSProtocolImpl>(table, reading, RootPath),
+            Version{table.Major(), table.Minor()}, reading, table.IsWhole()};
+}
+
+Tree OpenTable(TableImage table, const Manner& manner)
+{
+    if (manner.Catalogue == Catalogue::Newest)
+        return Decoded(table, Reading::Newest);
+    if (manner.ReadAs)
+        table = table.As(manner.ReadAs->Major, manner.ReadAs->Minor);
+    try {
+        return Decoded(table, Reading::ByVersion);
+    } catch (const ResultStatus& status) {
+        if (status.Code() == RESULT_TOO_LARGE)
+            throw Failure(Kind::TooLarge, status.Message() + ", or read it with --newest");
+        if (status.Code() != RESULT_UNSUPPORTED_VERSION)
+            throw InputFailure(status);
     }
+    if (manner.Catalogue == Catalogue::ByVersion)
+        throw UnsupportedVersion({table.Major(), table.Minor()});
+    return Decoded(table, Reading::Newest);
 }
 
-Failure MachineFailure(const ResultStatus& status)
+Tree OpenMachine(const Manner& manner)
 {
-    if (status.Code() == RESULT_UNSUPPORTED_VERSION)
-        return {Kind::UnsupportedVersion, std::string("its SMBIOS version") + KnownVersions +
-                                              "on Linux, use " + "--read-as 3.0 " + PublishedFolder};
-    return {Kind::MachineUnreadable, status.Message()};
-}
-
-std::shared_ptr<ISMBIOSProtocol> OpenMachine()
-{
+    if (manner.Catalogue == Catalogue::Newest || manner.ReadAs)
+        return OpenTable(Read(std::nullopt), manner);
     try {
         // The object lives until the process ends; nobody here releases it.
-        return {&SMBIOSProtocolImpl::CreateInstance(), [](ISMBIOSProtocol*) {}};
+        return {{&SMBIOSProtocolImpl::CreateInstance(), [](const SMBIOSProtocolImpl*) {}},
+                std::nullopt,
+                Reading::ByVersion};
     } catch (const ResultStatus& status) {
-        throw MachineFailure(status);
+        if (status.Code() != RESULT_UNSUPPORTED_VERSION)
+            throw MachineFailure(status);
     }
-}
-
-std::shared_ptr<ISMBIOSProtocol> OpenImage(const std::string& name, std::optional<Version> readAs)
-{
-    Image image = MakeImage(Read(name), readAs);
-    try {
-        return std::make_shared<SMBIOSProtocolImpl>(image.Data.data(),
-                                                    static_cast<unsigned short>(image.Data.size()), RootPath);
-    } catch (const ResultStatus& status) {
-        throw ImageFailure(status, image.Version);
-    }
-}
-
-std::string_view LastPart(std::string_view path)
-{
-    return path.substr(path.rfind('/') + 1);
+    if (manner.Catalogue == Catalogue::ByVersion)
+        throw UnsupportedMachine();
+    return Decoded(Read(std::nullopt), Reading::Newest);
 }
 
 // The longest path that has a node and of which `path` is a continuation.
-std::string NearestPath(ISMBIOSProtocol& protocol, std::string path)
+std::string NearestPath(const Tree& tree, std::string path)
 {
     while (!path.empty()) {
         path.resize(path.find_last_of("/[") == std::string::npos ? 0 : path.find_last_of("/["));
-        Found found;
-        protocol.SMBiosSearch(path, found);
-        if (!found.empty())
+        if (tree.Find(path))
             return path;
     }
     return RootPath;
 }
 
+bool IsSameLetter(char left, char right)
+{
+    const auto lower = [](char letter) {
+        return 'A' <= letter && letter <= 'Z' ? letter + ('a' - 'A') : letter;
+    };
+    return lower(left) == lower(right);
+}
+
+// Whether `path` leads to or through `front`, in any case.
+bool BeginsWith(std::string_view path, std::string_view front)
+{
+    return path.size() >= front.size() &&
+           std::equal(front.begin(), front.end(), path.begin(), IsSameLetter) &&
+           (path.size() == front.size() || path[front.size()] == '/' || path[front.size()] == '[');
+}
+
+// The node at or below `node` whose path is `path` in another case.
+NodeView FindInAnyCase(NodeView node, std::string_view path)
+{
+    if (node.Path().size() == path.size() || node.IsLeaf())
+        return node.Path().size() == path.size() ? node : NodeView();
+    for (const NodeView child : node.DistinctChildren()) {
+        const NodeView found = BeginsWith(path, child.Path()) ? FindInAnyCase(child, path) : NodeView();
+        if (found)
+            return found;
+    }
+    return {};
+}
+
+// `path` with the slashes that it should have.
+std::string Straightened(std::string path)
+{
+    while (!path.empty() && path.back() == '/')
+        path.pop_back();
+    if (path.empty() || path.front() != '/')
+        path.insert(0, 1, '/');
+    if (!BeginsWith(path, RootPath))
+        path.insert(0, RootPath);
+    return path;
+}
+
+// The node at `path`. Throws Failure where there is none.
+NodeView NodeAt(const Tree& tree, const std::string& path)
+{
+    const NodeView node = tree.Find(path);
+    if (node)
+        return node;
+    const std::string straight = Straightened(path);
+    const NodeView meant = FindInAnyCase(tree.Find(RootPath), straight);
+    throw Failure(Kind::UnknownPath,
+                  "nothing is at the path \"" + Visible(path) + "\"; " +
+                      (meant ? "did you mean " + Visible(meant.Path()) + "?"
+                             : "see what is there with --path " + NearestPath(tree, straight)));
+}
+
+std::string PathOfType(unsigned int type)
+{
+    return RootPath + ("/Type" + std::to_string(type));
+}
+
+Failure NoSuchType(const Tree& tree, unsigned int type)
+{
+    const std::string name = "type " + std::to_string(type);
+    if (tree.Reading == Reading::Newest)
+        return {Kind::UnknownPath,
+                "the table has no structure of " + name + "; see what it has with --path /SMBIOS"};
+    return {Kind::UnknownPath, name + " is not read by version; use --newest, which reads every type"};
+}
+
 } // namespace
 
-Tree::Tree(Found found, const std::string& top, std::size_t nameStart) : Nodes(std::move(found))
-{
-    const auto entry = Nodes.find(top);
-    TopNode.Path = entry->first;
-    TopNode.Key = TopNode.Path;
-    TopNode.Name = TopNode.Path.substr(nameStart);
-    entry->second.Flag = 1;
-    Fill(TopNode, entry->second);
-}
-
-void Tree::Fill(Node& node, _XNode& source)
-{
-    node.IsLeaf = source.NodeType == NODE_LEAF;
-    if (node.IsLeaf) {
-        node.Value = source.Items.empty() ? std::string_view() : source.Items.front();
-        return;
-    }
-    node.Children.reserve(source.Items.size());
-    for (const std::string& path : source.Items) {
-        const auto entry = Nodes.find(path);
-        // A type without an index lists its fields once for each of its structures. The flag, which the
-        // library leaves at 0, marks what has its place.
-        if (entry == Nodes.end() || entry->second.Flag != 0)
-            continue;
-        entry->second.Flag = 1;
-        Node& child = node.Children.emplace_back();
-        child.Path = entry->first;
-        child.Key = child.Path.substr(node.Path.size());
-        child.Name = child.Key.front() == '/' ? child.Key.substr(1) : LastPart(child.Path);
-        Fill(child, entry->second);
-    }
-}
-
-std::shared_ptr<ISMBIOSProtocol> Open(const std::optional<std::string>& input, std::optional<Version> readAs)
+Tree Open(const Input& input, const Manner& manner)
 {
     try {
-        return input ? OpenImage(*input, readAs) : OpenMachine();
+        return input ? OpenTable(Read(input), manner) : OpenMachine(manner);
+    } catch (const ResultStatus& status) {
+        throw InputFailure(status);
     } catch (const Protocol::SMBIOS::TreeTooLarge&) {
         throw Failure(Kind::TreeTooLarge,
                       "its tree would be too large, which no real machine's is; the table is "
@@ -142,26 +168,55 @@ std::shared_ptr<ISMBIOSProtocol> Open(const std::optional<std::string>& input, s
     }
 }
 
-std::optional<Tree> FindSubtree(ISMBIOSProtocol& protocol, const std::string& path)
+Selection Select(const Tree& tree, const Choice& choice)
 {
-    Found found;
-    protocol.SMBiosSearch(path, found);
-    if (found.empty())
-        return std::nullopt;
-    // The names of some leaves hold a slash themselves: their parents tell where they begin.
-    const bool isLeaf = found.at(path).NodeType == NODE_LEAF;
-    const std::size_t nameStart = isLeaf ? NearestPath(protocol, path).size() + 1 : path.rfind('/') + 1;
-    return std::make_optional<Tree>(std::move(found), path, nameStart);
+    if (choice.Types.empty())
+        return {{NodeAt(tree, choice.Path)}, false};
+    Selection selection{{}, true};
+    for (const unsigned int type : choice.Types) {
+        const NodeView node = tree.Find(PathOfType(type));
+        if (!node)
+            throw NoSuchType(tree, type);
+        if (std::find(selection.Tops.begin(), selection.Tops.end(), node) == selection.Tops.end())
+            selection.Tops.push_back(node);
+    }
+    return selection;
 }
 
-Tree Subtree(ISMBIOSProtocol& protocol, const std::string& path)
+std::vector<NodePair> SelectBoth(const Tree& before, const Tree& after, const Choice& choice)
 {
-    std::optional<Tree> tree = FindSubtree(protocol, path);
-    if (!tree)
-        throw Failure(Kind::UnknownPath, "nothing is at the path \"" + Visible(path) + "\"" +
-                                             "; see what is there with --path " +
-                                             NearestPath(protocol, path));
-    return *std::move(tree);
+    if (choice.Types.empty()) {
+        const NodeView node = before.Find(choice.Path);
+        return {{node, node ? after.Find(choice.Path) : NodeAt(after, choice.Path)}};
+    }
+    std::vector<NodePair> pairs;
+    for (const unsigned int type : choice.Types) {
+        const NodePair pair{before.Find(PathOfType(type)), after.Find(PathOfType(type))};
+        if (!pair.Before && !pair.After)
+            throw NoSuchType(after, type);
+        pairs.push_back(pair);
+    }
+    return pairs;
+}
+
+std::string VersionText(const Tree& tree)
+{
+    std::optional<Version> version = tree.Version;
+    if (!version) {
+        try {
+            const TableImage table = Read(std::nullopt);
+            version = Version{table.Major(), table.Minor()};
+        } catch (const Failure&) {
+            return "";
+        }
+    }
+    return "version " + version->Text() +
+           (tree.Reading == Reading::Newest ? ", with the newest catalogue" : "");
+}
+
+std::string_view NameOf(NodeView node)
+{
+    return IsInstance(node) ? node.Path().substr(node.Path().rfind('/') + 1) : node.Name();
 }
 
 } // namespace SmbiosTree

@@ -46,8 +46,18 @@ constexpr Field Fields[] = {
 
 static_assert(IsWellFormed(Fields));
 
+constexpr Field ContainedObjectFields[] = {
+    {0x00, "ContainedObjectHandle", 2, Decimal, V3_8},
+};
+
+constexpr Section Sections[] = {
+    Group("ContainedObject", 0x0F, CountAt(0x0E), BytesEach(2), ContainedObjectFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type002BaseboardInformation{2, Instances::Indexed, V2_3, Fields};
+const Type Type002BaseboardInformation{2, Instances::Indexed, V2_3, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

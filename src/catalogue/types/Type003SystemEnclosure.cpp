@@ -36,6 +36,13 @@ constexpr Row ChassisTypeRows[] = {
     {0x1B, "AdvancedTCA", V2_5},
     {0x1C, "Blade", V2_7},
     {0x1D, "Blade Enclosure", V2_7},
+    {0x1E, "Tablet", V3_8},
+    {0x1F, "Convertible", V3_8},
+    {0x20, "Detachable", V3_8},
+    {0x21, "IoT Gateway", V3_8},
+    {0x22, "Embedded PC", V3_8},
+    {0x23, "Mini PC", V3_8},
+    {0x24, "Stick PC", V3_8},
 };
 
 constexpr Row ChassisStateRows[] = {
@@ -55,6 +62,16 @@ constexpr Row SecurityStatusRows[] = {
     {0x03, "None"},
     {0x04, "External interface locked out"},
     {0x05, "External interface enabled"},
+};
+
+constexpr Row ContainedElementTypeSelectRows[] = {
+    {0x00, "SMBIOS baseboard type"},
+    {0x01, "SMBIOS structure type"},
+};
+
+constexpr Part ContainedElementTypeParts[] = {
+    {"ContainedElementTypeNumber", 0, 6},
+    {"ContainedElementTypeSelect", 7, 7, Enumeration(ContainedElementTypeSelectRows)},
 };
 
 constexpr Field Fields[] = {
@@ -77,8 +94,25 @@ constexpr Field Fields[] = {
 
 static_assert(IsWellFormed(Fields));
 
+constexpr Field ContainedElementFields[] = {
+    {0x00, "ContainedElementType",    1, Decimal, V3_8, Packed(ContainedElementTypeParts)},
+    {0x01, "ContainedElementMinimum", 1, Decimal, V3_8},
+    {0x02, "ContainedElementMaximum", 1, Decimal, V3_8},
+};
+
+constexpr Field BehindContainedElementFields[] = {
+    {0x00, "SKUNumber", StringReference, String, V3_8},
+};
+
+constexpr Section Sections[] = {
+    Group("ContainedElement", 0x15, CountAt(0x13), EachAsSaidAt(0x14), ContainedElementFields),
+    FieldsBehind(BehindContainedElementFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type003SystemEnclosure{3, Instances::Shared, V2_3, Fields};
+const Type Type003SystemEnclosure{3, Instances::Shared, V2_3, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

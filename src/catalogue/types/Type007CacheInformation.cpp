@@ -34,6 +34,8 @@ constexpr Row CacheSizeRows[] = {
 };
 
 constexpr Row SramTypeRows[] = {
+    {0, "Other", V3_8},
+    {1, "Unknown", V3_8},
     {2, "Non Burst"},
     {3, "Burst"},
     {4, "Pipeline Burst"},
@@ -78,6 +80,21 @@ constexpr Row AssociativityRows[] = {
     {0x0E, "20 way Set Associative", V2_7},
 };
 
+constexpr Row GranularityRows[] = {
+    {0x00, "1K Granularity"},
+    {0x01, "64K Granularity"},
+};
+
+constexpr Part MaxCacheSize2Parts[] = {
+    {"MaxCacheSize2Value",       0, 30},
+    {"MaxCacheSize2Granularity", 31, 31, Enumeration(GranularityRows)},
+};
+
+constexpr Part InstalledSize2Parts[] = {
+    {"InstalledSize2Value",       0, 30},
+    {"InstalledSize2Granularity", 31, 31, Enumeration(GranularityRows)},
+};
+
 constexpr Field Fields[] = {
     {0x04, "SocketDesignation",   StringReference, String,  V2_3},
     {0x05, "CacheConfiguration",  2,               Decimal, V2_3, DecodedBy("CacheConfiguration", CacheConfigurationRows)},
@@ -89,6 +106,8 @@ constexpr Field Fields[] = {
     {0x10, "ErrorCorrectionType", 1,               Decimal, V2_3, Enumeration(ErrorCorrectionTypeRows)},
     {0x11, "SystemCacheType",     1,               Decimal, V2_3, Enumeration(SystemCacheTypeRows)},
     {0x12, "Associativity",       1,               Decimal, V2_3, Enumeration(AssociativityRows)},
+    {0x13, "MaxCacheSize2",       4,               Decimal, V3_8, Packed(MaxCacheSize2Parts)},
+    {0x17, "InstalledSize2",      4,               Decimal, V3_8, Packed(InstalledSize2Parts)},
 };
 
 static_assert(IsWellFormed(Fields));

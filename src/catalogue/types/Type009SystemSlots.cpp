@@ -26,6 +26,28 @@ constexpr Row SlotTypeRows[] = {
     {0x11, "AGP 4X"},
     {0x12, "PCI-X"},
     {0x13, "AGP 8X"},
+    {0x14, "M.2 Socket 1-DP (Mechanical Key A)", V3_8},
+    {0x15, "M.2 Socket 1-SD (Mechanical Key E)", V3_8},
+    {0x16, "M.2 Socket 2 (Mechanical Key B)", V3_8},
+    {0x17, "M.2 Socket 3 (Mechanical Key M)", V3_8},
+    {0x18, "MXM Type I", V3_8},
+    {0x19, "MXM Type II", V3_8},
+    {0x1A, "MXM Type III (standard connector)", V3_8},
+    {0x1B, "MXM Type III (HE connector)", V3_8},
+    {0x1C, "MXM Type IV", V3_8},
+    {0x1D, "MXM 3.0 Type A", V3_8},
+    {0x1E, "MXM 3.0 Type B", V3_8},
+    {0x1F, "PCI Express Gen 2 SFF-8639 (U.2)", V3_8},
+    {0x20, "PCI Express Gen 3 SFF-8639 (U.2)", V3_8},
+    {0x21, "PCI Express Mini 52-pin with bottom-side keep-outs", V3_8},
+    {0x22, "PCI Express Mini 52-pin without bottom-side keep-outs", V3_8},
+    {0x23, "PCI Express Mini 76-pin", V3_8},
+    {0x24, "PCI Express Gen 4 SFF-8639 (U.2)", V3_8},
+    {0x25, "PCI Express Gen 5 SFF-8639 (U.2)", V3_8},
+    {0x26, "OCP NIC 3.0 Small Form Factor (SFF)", V3_8},
+    {0x27, "OCP NIC 3.0 Large Form Factor (LFF)", V3_8},
+    {0x28, "OCP NIC Prior to 3.0", V3_8},
+    {0x30, "CXL Flexbus 1.0", V3_8},
     {0xA0, "PC-98/C20"},
     {0xA1, "PC-98/C24"},
     {0xA2, "PC-98/E"},
@@ -37,6 +59,7 @@ constexpr Row SlotTypeRows[] = {
     {0xA8, "PCI Express x4", V2_6},
     {0xA9, "PCI Express x8", V2_6},
     {0xAA, "PCI Express x16", V2_6},
+    {0xAB, "PCI Express Gen 2", V3_8},
     {0xAC, "PCI Express Gen 2 x1", V2_7},
     {0xAD, "PCI Express Gen 2 x2", V2_7},
     {0xAE, "PCI Express Gen 2 x4", V2_7},
@@ -48,6 +71,21 @@ constexpr Row SlotTypeRows[] = {
     {0xB4, "PCI Express Gen 3 x4", V2_7},
     {0xB5, "PCI Express Gen 3 x8", V2_7},
     {0xB6, "PCI Express Gen 3 x16", V2_7},
+    {0xB8, "PCI Express Gen 4", V3_8},
+    {0xB9, "PCI Express Gen 4 x1", V3_8},
+    {0xBA, "PCI Express Gen 4 x2", V3_8},
+    {0xBB, "PCI Express Gen 4 x4", V3_8},
+    {0xBC, "PCI Express Gen 4 x8", V3_8},
+    {0xBD, "PCI Express Gen 4 x16", V3_8},
+    {0xBE, "PCI Express Gen 5", V3_8},
+    {0xBF, "PCI Express Gen 5 x1", V3_8},
+    {0xC0, "PCI Express Gen 5 x2", V3_8},
+    {0xC1, "PCI Express Gen 5 x4", V3_8},
+    {0xC2, "PCI Express Gen 5 x8", V3_8},
+    {0xC3, "PCI Express Gen 5 x16", V3_8},
+    {0xC4, "PCI Express Gen 6 and Beyond", V3_8},
+    {0xC5, "Enterprise and Datacenter 1U E1 Form Factor Slot (EDSFF E1.S, E1.L)", V3_8},
+    {0xC6, "Enterprise and Datacenter 3 inch E3 Form Factor Slot (EDSFF E3.S, E3.L)", V3_8},
 };
 
 constexpr Row SlotDataBusWidthRows[] = {
@@ -74,6 +112,7 @@ constexpr Row CurrentUsageRows[] = {
     {0x02, "Unknown"},
     {0x03, "Available"},
     {0x04, "In use"},
+    {0x05, "Unavailable", V3_8},
 };
 
 constexpr Row SlotLengthRows[] = {
@@ -82,9 +121,12 @@ constexpr Row SlotLengthRows[] = {
     {0x02, "Unknown"},
     {0x03, "Short Length"},
     {0x04, "Long Length"},
+    {0x05, "2.5 inch drive form factor", V3_8},
+    {0x06, "3.5 inch drive form factor", V3_8},
 };
 
 constexpr Row SlotCharacteristics1Rows[] = {
+    {0, "Characteristics unknown", V3_8},
     {1, "Provides 5.0 Volts"},
     {2, "Provides 3.3 Volts"},
     {3, "Slot 92 opening is shared with another slot"},
@@ -98,6 +140,41 @@ constexpr Row SlotCharacteristics2Rows[] = {
     {0, "PCI slot supports Power Management Enable"},
     {1, "Slot supports hot-plug devices"},
     {2, "PCI slot supports SMBus signal"},
+    {3, "PCIe slot supports bifurcation", V3_8},
+    {4, "Slot supports async/surprise removal", V3_8},
+    {5, "Flexbus slot, CXL 1.0 capable", V3_8},
+    {6, "Flexbus slot, CXL 2.0 capable", V3_8},
+    {7, "Flexbus slot, CXL 3.0 capable", V3_8},
+};
+
+constexpr Part PeerDeviceFunctionNumberParts[] = {
+    {"PeerFunctionNumber", 0, 2},
+    {"PeerDeviceNumber",   3, 7},
+};
+
+constexpr Row SlotPhysicalWidthRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "8 bit"},
+    {0x04, "16 bit"},
+    {0x05, "32 bit"},
+    {0x06, "64 bit"},
+    {0x07, "128 bit"},
+    {0x08, "1x or x1"},
+    {0x09, "2x or x2"},
+    {0x0A, "4x or x4"},
+    {0x0B, "8x or x8"},
+    {0x0C, "12x or x12"},
+    {0x0D, "16x or x16"},
+    {0x0E, "32x or x32"},
+};
+
+constexpr Row SlotHeightRows[] = {
+    {0x00, "Not applicable"},
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Full height"},
+    {0x04, "Low-profile"},
 };
 
 constexpr Field Fields[] = {
@@ -112,12 +189,35 @@ constexpr Field Fields[] = {
     {0x0D, "SegmentGroupNumber",   2,               Decimal, V2_6},
     {0x0F, "BusNumber",            1,               Decimal, V2_6},
     {0x10, "DeviceNumber",         1,               Decimal, V2_6},
+    {0x11, "DataBusWidth",         1,               Decimal, V3_8},
+    {0x12, "PeerGroupingCount",    1,               Decimal, V3_8},
 };
 
 static_assert(IsWellFormed(Fields));
 
+constexpr Field PeerGroupFields[] = {
+    {0x00, "PeerSegmentGroupNumber",   2, Decimal, V3_8},
+    {0x02, "PeerBusNumber",            1, Decimal, V3_8},
+    {0x03, "PeerDeviceFunctionNumber", 1, Decimal, V3_8, Packed(PeerDeviceFunctionNumberParts)},
+    {0x04, "PeerDataBusWidth",         1, Decimal, V3_8},
+};
+
+constexpr Field BehindPeerGroupFields[] = {
+    {0x00, "SlotInformation",   1, Decimal, V3_8},
+    {0x01, "SlotPhysicalWidth", 1, Decimal, V3_8, Enumeration(SlotPhysicalWidthRows)},
+    {0x02, "SlotPitch",         2, Decimal, V3_8},
+    {0x04, "SlotHeight",        1, Decimal, V3_8, Enumeration(SlotHeightRows)},
+};
+
+constexpr Section Sections[] = {
+    Group("PeerGroup", 0x13, CountAt(0x12), BytesEach(5), PeerGroupFields),
+    FieldsBehind(BehindPeerGroupFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type009SystemSlots{9, Instances::Indexed, V2_3, Fields};
+const Type Type009SystemSlots{9, Instances::Indexed, V2_3, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

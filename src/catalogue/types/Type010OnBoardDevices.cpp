@@ -19,6 +19,29 @@ constexpr Row DeviceTypeRows[] = {
     {0x0A, "SASController", V2_5},
 };
 
+constexpr Row OnBoardDeviceTypeRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Video"},
+    {0x04, "SCSI Controller"},
+    {0x05, "Ethernet"},
+    {0x06, "Token Ring"},
+    {0x07, "Sound"},
+    {0x08, "PATA Controller"},
+    {0x09, "SATA Controller"},
+    {0x0A, "SAS Controller"},
+};
+
+constexpr Row OnBoardDeviceStatusRows[] = {
+    {0x00, "Disabled"},
+    {0x01, "Enabled"},
+};
+
+constexpr Part DeviceTypeAndStatusParts[] = {
+    {"OnBoardDeviceType",   0, 6, Enumeration(OnBoardDeviceTypeRows)},
+    {"OnBoardDeviceStatus", 7, 7, Enumeration(OnBoardDeviceStatusRows)},
+};
+
 constexpr Field Fields[] = {
     {0x04, "DeviceType",        1,               Decimal, V2_3, MaskedEnumeration(DeviceTypeRows)},
     {0x05, "DescriptionString", StringReference, String,  V2_3},
@@ -26,8 +49,19 @@ constexpr Field Fields[] = {
 
 static_assert(IsWellFormed(Fields));
 
+constexpr Field OnBoardDeviceFields[] = {
+    {0x00, "DeviceTypeAndStatus", 1,               Decimal, V3_8, Packed(DeviceTypeAndStatusParts)},
+    {0x01, "DeviceDescription",   StringReference, String,  V3_8},
+};
+
+constexpr Section Sections[] = {
+    Group("OnBoardDevice", 0x04, AsManyAsFit, BytesEach(2), OnBoardDeviceFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type010OnBoardDevices{10, Instances::Indexed, V2_3, Fields};
+const Type Type010OnBoardDevices{10, Instances::Indexed, V2_3, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

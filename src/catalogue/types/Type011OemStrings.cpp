@@ -11,8 +11,14 @@ constexpr Field Fields[] = {
 
 static_assert(IsWellFormed(Fields));
 
+constexpr Section Sections[] = {
+    StringList("String"),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type011OemStrings{11, Instances::Shared, V2_3, Fields};
+const Type Type011OemStrings{11, Instances::Shared, V2_3, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -19,8 +19,14 @@ constexpr Field Fields[] = {
 
 static_assert(IsWellFormed(Fields));
 
+constexpr Section Sections[] = {
+    StringList("String"),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type013BiosLanguage{13, Instances::Shared, V2_3, Fields};
+const Type Type013BiosLanguage{13, Instances::Shared, V2_3, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -6,10 +6,12 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "StartingAddress",   4, Decimal, V2_3},
-    {0x08, "EndingAddress",     4, Decimal, V2_3},
-    {0x0C, "MemoryArrayHandle", 2, Decimal, V2_3},
-    {0x0E, "PartitionWidth",    1, Decimal, V2_3},
+    {0x04, "StartingAddress",         4, Decimal,  V2_3},
+    {0x08, "EndingAddress",           4, Decimal,  V2_3},
+    {0x0C, "MemoryArrayHandle",       2, Decimal,  V2_3},
+    {0x0E, "PartitionWidth",          1, Decimal,  V2_3},
+    {0x0F, "ExtendedStartingAddress", 8, Unsigned, V3_8},
+    {0x17, "ExtendedEndingAddress",   8, Unsigned, V3_8},
 };
 
 static_assert(IsWellFormed(Fields));

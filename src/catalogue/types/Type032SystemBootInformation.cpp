@@ -5,6 +5,18 @@
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
+constexpr Row BootStatusCodeRows[] = {
+    {0x00, "No errors detected"},
+    {0x01, "No bootable media"},
+    {0x02, "Normal operating system failed to load"},
+    {0x03, "Firmware-detected hardware failure"},
+    {0x04, "Operating system-detected hardware failure"},
+    {0x05, "User-requested boot"},
+    {0x06, "System security violation"},
+    {0x07, "Previously requested image"},
+    {0x08, "System watchdog timer expired"},
+};
+
 constexpr Field Fields[] = {
     {0x04, "Reserved",   6,  Hex, V2_3},
     {0x0A, "BootStatus", 10, Hex, V2_3},
@@ -12,8 +24,18 @@ constexpr Field Fields[] = {
 
 static_assert(IsWellFormed(Fields));
 
+constexpr Field CodeFields[] = {
+    {0x0A, "BootStatusCode", 1, Decimal, V3_8, Enumeration(BootStatusCodeRows)},
+};
+
+constexpr Section Sections[] = {
+    FieldsOf(CodeFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type032SystemBootInformation{32, Instances::Shared, V2_3, Fields};
+const Type Type032SystemBootInformation{32, Instances::Shared, V2_3, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -10,14 +10,47 @@ constexpr Row InterfaceTypeRows[] = {
     {0x01, "KCS: Keyboard Controller Style"},
     {0x02, "SMIC: Server Management Interface Chip"},
     {0x03, "BT: Block Transfer"},
+    {0x04, "SSIF: SMBus System Interface", V3_8},
+};
+
+constexpr Row InterruptTriggerModeRows[] = {
+    {0x00, "Edge"},
+    {0x01, "Level"},
+};
+
+constexpr Row InterruptPolarityRows[] = {
+    {0x00, "Active low"},
+    {0x01, "Active high"},
+};
+
+constexpr Row InterruptInfoRows[] = {
+    {0x00, "Not specified"},
+    {0x01, "Specified"},
+};
+
+constexpr Row RegisterSpacingRows[] = {
+    {0x00, "Successive byte boundaries"},
+    {0x01, "32-bit boundaries"},
+    {0x02, "16-byte boundaries"},
+    {0x03, "Reserved"},
+};
+
+constexpr Part BaseAddressModifierInterruptInfoParts[] = {
+    {"InterruptTriggerMode", 0, 0, Enumeration(InterruptTriggerModeRows)},
+    {"InterruptPolarity",    1, 1, Enumeration(InterruptPolarityRows)},
+    {"InterruptInfo",        3, 3, Enumeration(InterruptInfoRows)},
+    {"LSBitForAddresses",    4, 4},
+    {"RegisterSpacing",      6, 7, Enumeration(RegisterSpacingRows)},
 };
 
 constexpr Field Fields[] = {
-    {0x04, "InterfaceType", 1, Decimal, V2_3, Enumeration(InterfaceTypeRows)},
-    {0x05, "IPMISpecRev",   1, Decimal, V2_3, DecodedBy("IPMISpecRev")},
-    {0x06, "I2CSlaveAddr",  1, Decimal, V2_3},
-    {0x07, "NVStoreAddr",   1, Decimal, V2_3},
-    {0x08, "BaseAddress",   8, Decimal, V2_3},
+    {0x04, "InterfaceType",                    1, Decimal, V2_3, Enumeration(InterfaceTypeRows)},
+    {0x05, "IPMISpecRev",                      1, Decimal, V2_3, DecodedBy("IPMISpecRev")},
+    {0x06, "I2CSlaveAddr",                     1, Decimal, V2_3},
+    {0x07, "NVStoreAddr",                      1, Decimal, V2_3},
+    {0x08, "BaseAddress",                      8, Decimal, V2_3},
+    {0x10, "BaseAddressModifierInterruptInfo", 1, Decimal, V3_8, Packed(BaseAddressModifierInterruptInfoParts)},
+    {0x11, "InterruptNumber",                  1, Decimal, V3_8},
 };
 
 static_assert(IsWellFormed(Fields));

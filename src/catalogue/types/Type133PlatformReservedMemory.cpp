@@ -12,8 +12,20 @@ constexpr Field Fields[] = {
 
 static_assert(IsWellFormed(Fields));
 
+// Other platforms use the number for structures of their own.
+constexpr Field DataFields[] = {
+    {0x04, "Data", RestOfRecord, Hex, V3_8},
+};
+
+constexpr Section Sections[] = {
+    FieldsOf(DataFields),
+    StringList("String"),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type133PlatformReservedMemory{133, Instances::Shared, V2_7, Fields};
+const Type Type133PlatformReservedMemory{133, Instances::Shared, V2_7, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -1,8 +1,9 @@
 // Physical memory through the kernel's memory device, read-only, and copied: nothing stays mapped.
 //
 // Kernels keep the device from containers, from users without rights, and under lockdown from everyone. Where
-// the kernel publishes the firmware's tables instead, the BIOS segment reads as erased ROM: it then holds no
-// entry point, and the table is read from what the kernel publishes.
+// the kernel publishes the firmware's tables instead, the range that is searched for the entry point reads as
+// erased ROM: it then holds none, and the table is read from what the kernel publishes. The same on
+// processors other than x86, which have no BIOS segment.
 
 #include "services/MemMapDriverImpl.h"
 
@@ -21,6 +22,7 @@
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 namespace OS::Driver {
 
@@ -29,83 +31,123 @@ namespace {
 constexpr const char* MemoryDevice = "/dev/mem";
 constexpr const char* PublishedFiles[] = {"/sys/firmware/dmi/tables/smbios_entry_point",
                                           "/sys/firmware/dmi/tables/DMI"};
-constexpr std::uint64_t SegmentStart = 0xF0000;
-constexpr std::uint64_t SegmentEnd = 0x100000;
+constexpr std::uint64_t ScanAddress = 0xF0000;
+constexpr unsigned int ScanLength = 65534;
 constexpr unsigned char ErasedRom = 0xFF;
 
-class File {
+#if defined(__x86_64__) || defined(__i386__)
+constexpr bool IsX86 = true;
+#else
+constexpr bool IsX86 = false;
+#endif
+
+// The memory device, open for reading.
+class MemoryFile {
 public:
-    explicit File(const char* path) : Descriptor(open(path, O_RDONLY | O_CLOEXEC)) {}
-    ~File()
+    MemoryFile() : Descriptor(open(MemoryDevice, O_RDONLY | O_CLOEXEC)), Error(Check()) {}
+    ~MemoryFile()
     {
         if (Descriptor >= 0)
             close(Descriptor);
     }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
 
-    const int Descriptor; ///< -1 where the file cannot be opened
+    const int Descriptor;
+    const int Error; ///< 0, or the system's error: there is no such device for this process
+
+private:
+    int Check() const
+    {
+        struct stat status = {};
+        if (Descriptor < 0 || fstat(Descriptor, &status) != 0)
+            return errno;
+        return S_ISCHR(status.st_mode) ? 0 : ENODEV;
+    }
 };
 
-// Copies through a mapping, which reaches every address. Gives 0 or the system's error.
-int CopyMapped(int device, std::uint64_t address, unsigned int length, unsigned char* target)
-{
-    const auto pageSize = static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
-    const std::uint64_t inPage = address % pageSize;
-    void* const pages =
-        mmap(nullptr, inPage + length, PROT_READ, MAP_SHARED, device, static_cast<off_t>(address - inPage));
-    if (pages == MAP_FAILED)
-        return errno;
-    std::memcpy(target, static_cast<const unsigned char*>(pages) + inPage, length);
-    munmap(pages, inPage + length);
-    return 0;
-}
-
-// Copies by reading, which some kernels allow where they refuse to map. Gives 0 or the system's error.
-int CopyRead(int device, std::uint64_t address, unsigned int length, unsigned char* target)
-{
-    while (length != 0) {
-        const ssize_t count = pread(device, target, length, static_cast<off_t>(address));
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return errno;
-        if (count == 0)
-            return EFAULT;
-        address += static_cast<std::uint64_t>(count);
-        target += count;
-        length -= static_cast<unsigned int>(count);
+// A range of physical memory, mapped where the kernel allows it: a mapping reaches every address. Processors
+// other than x86 end a process that looks through one where there is no memory, so there it is only read.
+class Range {
+public:
+    Range(std::uint64_t address, unsigned int length) : Address(address), Length(length)
+    {
+        if (Device.Error == 0 && IsX86)
+            Map();
     }
-    return 0;
-}
+    ~Range()
+    {
+        if (IsMapped())
+            munmap(Pages, InPage + Length);
+    }
+    Range(const Range&) = delete;
+    Range& operator=(const Range&) = delete;
 
-int Copy(std::uint64_t address, unsigned int length, unsigned char* target)
+    bool IsMapped() const { return Pages != MAP_FAILED; }
+
+    // Gives 0 or the system's error.
+    int CopyTo(unsigned char* target) const
+    {
+        if (Device.Error != 0)
+            return Device.Error;
+        if (!IsMapped())
+            return ReadTo(target);
+        std::memcpy(target, static_cast<const unsigned char*>(Pages) + InPage, Length);
+        return 0;
+    }
+
+private:
+    void Map()
+    {
+        Pages = mmap(nullptr, InPage + Length, PROT_READ, MAP_SHARED, Device.Descriptor,
+                     static_cast<off_t>(Address - InPage));
+        if (!IsMapped())
+            MappingError = errno;
+    }
+
+    // Some kernels allow to read where they refuse to map.
+    int ReadTo(unsigned char* target) const
+    {
+        for (std::size_t done = 0; done < Length;) {
+            const ssize_t count =
+                pread(Device.Descriptor, target + done, Length - done, static_cast<off_t>(Address + done));
+            if (count > 0)
+                done += static_cast<std::size_t>(count);
+            else if (count == 0 || errno == EFAULT)
+                return MappingError; // reading ends where the memory does
+            else if (errno != EINTR)
+                return errno;
+        }
+        return 0;
+    }
+
+    const MemoryFile Device;
+    const std::uint64_t Address;
+    const std::size_t Length;
+    const std::size_t InPage = Address % static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    void* Pages = MAP_FAILED;
+    int MappingError = EFAULT; // where it was not tried
+};
+
+// 0 where CopyTo would succeed, or its error. A range that can be mapped is not looked at.
+int Probe(std::uint64_t address, unsigned int length)
 {
-    const File device(MemoryDevice);
-    if (device.Descriptor < 0)
-        return errno;
-    struct stat status = {};
-    if (fstat(device.Descriptor, &status) != 0)
-        return errno;
-    if (!S_ISCHR(status.st_mode))
-        return ENODEV;
-    if (length == 0)
+    const Range range(address, length);
+    if (range.IsMapped())
         return 0;
-    const int mapping = CopyMapped(device.Descriptor, address, length, target);
-    if (mapping == 0)
-        return 0;
-    const int reading = CopyRead(device.Descriptor, address, length, target);
-    return reading == EFAULT ? mapping : reading; // reading ends where the memory does
+    std::vector<unsigned char> unused(length);
+    return range.CopyTo(unused.data());
 }
 
 bool IsKeptAway(int error)
 {
-    return error == ENOENT || error == ENODEV || error == ENXIO || error == EACCES || error == EPERM;
+    return error == ENOENT || error == ENODEV || error == ENXIO || error == EACCES || error == EPERM ||
+           (!IsX86 && error == EFAULT);
 }
 
-bool IsSegment(std::uint64_t address, unsigned int length)
+bool IsScan(std::uint64_t address, unsigned int length)
 {
-    return address >= SegmentStart && address <= SegmentEnd && length <= SegmentEnd - address;
+    return address == ScanAddress && length == ScanLength;
 }
 
 // Whether both published files are there, and as far as `mode` says open to this process.
@@ -133,7 +175,7 @@ Refusal RefusalFor(std::uint64_t address, unsigned int length, int error)
     case ENOENT:
     case ENODEV:
     case ENXIO:
-        if (!IsSegment(address, length))
+        if (!IsScan(address, length))
             return {RESULT_MAPPING_UNAVAILABLE,
                     "There is no memory device here, as in a container: run on the machine itself, as root, "
                     "or give the container /dev/mem."};
@@ -163,20 +205,41 @@ Refusal RefusalFor(std::uint64_t address, unsigned int length, int error)
                        "", XCOMMAND_NONE);
 }
 
+// Gives 0 once the bytes of the range stand at `target`, or the system's error.
+int Read(std::uint64_t address, unsigned int length, unsigned char* target)
+{
+    if (length == 0)
+        return 0;
+    const bool isScan = IsScan(address, length);
+    const int error = isScan && !IsX86 ? ENODEV : Range(address, length).CopyTo(target);
+    if (!isScan || !IsKeptAway(error) || (IsX86 && !IsPublished(R_OK)))
+        return error;
+    std::fill_n(target, length, ErasedRom);
+    return 0;
+}
+
 } // namespace
 
 void MemMapDriverImpl::Map(unsigned long address, unsigned int length, MappingOwner* out)
 {
     auto bytes = std::make_unique<unsigned char[]>(length);
-    const int error = Copy(address, length, bytes.get());
-    if (error != 0) {
-        if (!IsSegment(address, length) || !IsKeptAway(error) || !IsPublished(R_OK))
-            Raise(address, length, error);
-        std::fill_n(bytes.get(), length, ErasedRom);
-    }
+    const int error = Read(address, length, bytes.get());
+    if (error != 0)
+        Raise(address, length, error);
     MappingOwner image(new UnmapDeleter(bytes.get(), length));
     bytes.release();
     *out = image;
+}
+
+bool MemMapDriverImpl::Offers(unsigned long address, unsigned int length, std::string& reason)
+{
+    if (length == 0 || IsScan(address, length))
+        return true;
+    const int error = Probe(address, length);
+    if (!IsKeptAway(error))
+        return true;
+    reason = std::string(MemoryDevice) + ": " + std::strerror(error);
+    return false;
 }
 
 } // namespace OS::Driver

@@ -1,12 +1,11 @@
-// Windows lets no program at physical memory. The BIOS segment reads as erased ROM: it holds no entry point,
-// and the table is read from the firmware block of the operating system.
+// Windows lets no program at physical memory. The range that is searched for the entry point reads as erased
+// ROM: it holds none, and the table is read from the firmware block of the operating system.
 
 #include "services/MemMapDriverImpl.h"
 
 #include "SMBIOSProtocol/ResultStatus.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -15,23 +14,31 @@ namespace OS::Driver {
 
 namespace {
 
-constexpr std::uint64_t SegmentStart = 0xF0000;
-constexpr std::uint64_t SegmentEnd = 0x100000;
+constexpr unsigned long ScanAddress = 0xF0000;
+constexpr unsigned int ScanLength = 65534;
 constexpr unsigned char ErasedRom = 0xFF;
+constexpr const char* Reason = "Windows gives programs no physical memory";
 
 } // namespace
 
+bool MemMapDriverImpl::Offers(unsigned long address, unsigned int length, std::string& reason)
+{
+    if (length == 0 || (address == ScanAddress && length == ScanLength))
+        return true;
+    reason = Reason;
+    return false;
+}
+
 void MemMapDriverImpl::Map(unsigned long address, unsigned int length, MappingOwner* out)
 {
-    if (address < SegmentStart || std::uint64_t{address} + length > SegmentEnd) {
+    std::string reason;
+    if (!Offers(address, length, reason)) {
         char range[64];
         std::snprintf(range, sizeof range, "%u bytes of physical memory at %lXh", length, address);
-        throw ResultStatus(
-            RESULT_MAPPING_UNAVAILABLE,
-            std::string("Cannot read ") + range +
-                ": Windows gives programs no physical memory. What the table places there, such as "
-                "raw SPD data, can not be read on this system.",
-            "", XCOMMAND_NONE);
+        throw ResultStatus(RESULT_MAPPING_UNAVAILABLE,
+                           std::string("Cannot read ") + range + ": " + reason +
+                               ". What the table places there can not be read on this system.",
+                           "", XCOMMAND_NONE);
     }
     auto bytes = std::make_unique<unsigned char[]>(length);
     std::fill_n(bytes.get(), length, ErasedRom);

@@ -1,11 +1,13 @@
-// A name for the lock that no one else uses, and an attempt to take it.
+// A name for the lock that no one else uses, and attempts to take it.
 
 #pragma once
 
 #include "SMBIOSProtocol/Logger.h"
 #include "services/CMySemLock.h"
 
+#include <chrono>
 #include <cstdio>
+#include <future>
 #include <random>
 #include <string>
 #include <vector>
@@ -40,3 +42,20 @@ struct Attempt {
     int Error;
     std::vector<std::string> Log;
 };
+
+/// Takes the lock on a thread of its own, and gives it back there.
+inline std::future<int> TakeAside(const LockName& name)
+{
+    return std::async(std::launch::async, [text = name.Text] { return Attempt(text).Error; });
+}
+
+/// Whether one has to wait for the lock, and gets it once `end` has ended the hold.
+template <typename End>
+bool IsHeldUntil(const LockName& name, End end)
+{
+    using namespace std::chrono_literals;
+    std::future<int> taking = TakeAside(name);
+    const bool waits = taking.wait_for(200ms) == std::future_status::timeout;
+    end();
+    return waits && taking.wait_for(5s) == std::future_status::ready && taking.get() == 0;
+}

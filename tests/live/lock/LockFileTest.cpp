@@ -1,14 +1,21 @@
-// The files behind the lock on Linux, in folders where strangers can write.
+// The files behind the lock on Linux, in folders where strangers can write, and what becomes of the lock in
+// forked processes.
 
 #include "Attempt.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdarg>
 #include <fcntl.h>
+#include <filesystem>
+#include <functional>
+#include <stdexcept>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 using Common::CMySemLock;
@@ -16,7 +23,107 @@ using Common::CMySemLock;
 namespace {
 
 constexpr const char* Folders[] = {"/run/lock", "/tmp"};
-constexpr uid_t Nobody = 65534;
+constexpr uid_t Root = 0, Stranger = 1, Nobody = 65534;
+
+[[noreturn]] void StayUntilKilled()
+{
+    for (;;)
+        pause();
+}
+
+// Another process. It works, tells the result, and stays until it is killed.
+class Other {
+public:
+    explicit Other(const std::function<int()>& work)
+    {
+        int ends[2];
+        if (pipe(ends) != 0)
+            throw std::runtime_error("no pipe");
+        Process = fork();
+        if (Process == 0) {
+            const int result = work();
+            if (write(ends[1], &result, sizeof result) == sizeof result)
+                StayUntilKilled();
+            _exit(1);
+        }
+        close(ends[1]);
+        Result = ends[0];
+    }
+    Other(const Other&) = delete;
+    Other& operator=(const Other&) = delete;
+    ~Other()
+    {
+        Kill();
+        close(Result);
+    }
+
+    int Told() const
+    {
+        int result = -1;
+        return read(Result, &result, sizeof result) == sizeof result ? result : -1;
+    }
+    void Kill()
+    {
+        if (Process > 0 && kill(Process, SIGKILL) == 0)
+            waitpid(Process, nullptr, 0);
+        Process = -1;
+    }
+
+private:
+    pid_t Process;
+    int Result;
+};
+
+int Take(const LockName& name)
+{
+    _MY_LOCK lock;
+    return CMySemLock::AcquireSymLock(lock, name.Text.c_str());
+}
+
+// Whether two users, the first of whom has come first, exclude each other.
+bool Meet(const LockName& name, uid_t first, uid_t second)
+{
+    Other holder([&] { return seteuid(first) == 0 ? Take(name) : -1; });
+    if (holder.Told() != 0 || seteuid(second) != 0)
+        return false;
+    const bool meet = IsHeldUntil(name, [&] {
+        seteuid(Root);
+        holder.Kill();
+        seteuid(second);
+    });
+    return seteuid(Root) == 0 && meet;
+}
+
+bool isStrangerQuick = false; // makes a file the moment before it is made here
+
+// The files that this process has open, the lock's among them, but for the folder that is read here.
+std::vector<int> OpenFiles()
+{
+    std::vector<int> files;
+    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd"))
+        files.push_back(std::stoi(entry.path().filename()));
+    return files;
+}
+
+} // namespace
+
+// The linker sends the lock's calls here.
+extern "C" {
+int __real_open(const char* path, int flags, ...);
+
+int __wrap_open(const char* path, int flags, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
+    va_end(arguments);
+    if (isStrangerQuick && (flags & O_CREAT) != 0)
+        close(__real_open(path, O_WRONLY | O_CREAT, 0600));
+    return __real_open(path, flags, mode);
+}
+}
+
+namespace {
 
 TEST(LockFile, IsNoLinkThatAStrangerPlaced)
 {
@@ -52,6 +159,72 @@ TEST(LockFile, MayBeOutOfReach)
               std::vector<std::string>{"Going on without the lock " + name.Text + ": Permission denied"});
 }
 
+TEST(LockFile, ThatAStrangerMadeSplitsNoneWhoCanOpenOneInCommon)
+{
+    if (geteuid() != Root)
+        GTEST_SKIP() << "acts as several users";
+    struct File {
+        uid_t Owner;
+        int Mode; ///< -1: there is none
+    };
+    constexpr File none = {Root, -1}, closed = {Stranger, 0}, own = {Stranger, 0600}, open = {Nobody, 0644};
+    const struct {
+        const char* Name;
+        File Files[2]; ///< in the two folders
+        uid_t First, Second;
+    } rows[] = {
+        {"no file", {none, none}, Nobody, Root},
+        {"for root alone", {closed, none}, Nobody, Root},
+        {"for root alone, who comes first", {closed, none}, Root, Nobody},
+        {"for root alone, among users", {closed, none}, Nobody, Stranger},
+        {"for root alone in the second folder", {none, closed}, Root, Nobody},
+        {"for root alone in both", {closed, closed}, Root, Root},
+        {"a stranger's own", {own, none}, Stranger, Root},
+        {"a stranger's own, and another user", {own, none}, Stranger, Nobody},
+        {"a stranger's own, and another user first", {own, none}, Nobody, Stranger},
+        {"a stranger's own in the second folder", {none, own}, Nobody, Stranger},
+        {"a stranger's own in both", {own, own}, Stranger, Root},
+        {"made in the second folder by one who could not write to the first", {closed, open}, Nobody, Root},
+        {"in the second folder from before", {none, open}, Root, Nobody},
+    };
+    for (const auto& row : rows) {
+        const LockName name;
+        for (const int folder : {0, 1}) {
+            const auto [owner, mode] = row.Files[folder];
+            if (mode < 0)
+                continue;
+            const int file = ::open(name.FileIn(Folders[folder]).c_str(), O_CREAT | O_EXCL, 0600);
+            EXPECT_EQ(fchown(file, owner, owner) | fchmod(file, static_cast<mode_t>(mode)) | close(file), 0);
+        }
+        EXPECT_TRUE(Meet(name, row.First, row.Second)) << row.Name;
+    }
+}
+
+// The waiting process takes the lock on the file that is at the path then, where all others look for it.
+TEST(LockFile, ThatIsRemovedWhileItIsWaitedForIsNone)
+{
+    const LockName name;
+    _MY_LOCK lock;
+    ASSERT_EQ(CMySemLock::AcquireSymLock(lock, name.Text.c_str()), 0);
+    Other waiting([&] { return Take(name); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    for (const char* folder : Folders)
+        unlink(name.FileIn(folder).c_str());
+    CMySemLock::ReleaseSymLock(lock);
+    EXPECT_EQ(waiting.Told(), 0);
+    EXPECT_TRUE(IsHeldUntil(name, [&] { waiting.Kill(); }));
+}
+
+// One file under both paths, where they are of one file system, does not keep a process from itself.
+TEST(LockFile, MayBeOneInBothFolders)
+{
+    const LockName name;
+    close(open(name.FileIn(Folders[0]).c_str(), O_CREAT | O_EXCL, 0644));
+    if (link(name.FileIn(Folders[0]).c_str(), name.FileIn(Folders[1]).c_str()) != 0)
+        GTEST_SKIP();
+    EXPECT_EQ(Attempt(name.Text).Error, 0);
+}
+
 // A pipe of that name does not hold anyone up.
 TEST(LockFile, MayBeOfAnotherKind)
 {
@@ -71,21 +244,59 @@ TEST(LockFile, IsOpenToEveryUserAndWritableByItsOwnerAlone)
     EXPECT_EQ(status.st_mode, S_IFREG | 0644U);
 }
 
-// A forked process has open what its parent has.
-TEST(LockFile, IsFreeOnceGivenBackWhateverWasForked)
+// Whoever opens it first makes it; another's file is taken as it is.
+TEST(LockFile, IsTheOneThatAStrangerMadeMeanwhile)
 {
     const LockName name;
+    isStrangerQuick = true;
+    EXPECT_EQ(Attempt(name.Text).Error, 0);
+    isStrangerQuick = false;
+    struct stat status = {};
+    ASSERT_EQ(stat(name.FileIn(access(Folders[0], W_OK) == 0 ? Folders[0] : Folders[1]).c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode, S_IFREG | 0600U);
+}
+
+// Nor does a program that this process starts have it.
+TEST(LockFile, IsNotLeftOpen)
+{
+    const LockName name;
+    const std::vector<int> before = OpenFiles();
     _MY_LOCK lock;
     ASSERT_EQ(CMySemLock::AcquireSymLock(lock, name.Text.c_str()), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        pause();
-        _exit(0);
+    for (const int file : OpenFiles()) {
+        const bool isNew = std::find(before.begin(), before.end(), file) == before.end();
+        EXPECT_TRUE(!isNew || (fcntl(file, F_GETFD) & FD_CLOEXEC) != 0);
     }
     CMySemLock::ReleaseSymLock(lock);
-    EXPECT_EQ(Attempt(name.Text).Error, 0);
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
+    EXPECT_EQ(OpenFiles(), before);
+}
+
+TEST(LockInAForkedProcess, IsItsParentsAlone)
+{
+    const LockName name;
+    pid_t left = 0;
+    {
+        Other holder([&] {
+            const int error = Take(name);
+            const pid_t child = fork();
+            if (child == 0)
+                StayUntilKilled();
+            return error == 0 ? child : -1;
+        });
+        left = holder.Told();
+    }
+    ASSERT_GT(left, 0);
+    EXPECT_EQ(Attempt(name.Text).Error, 0) << "the holder is dead, and its child alive";
+    kill(left, SIGKILL);
+
+    _MY_LOCK lock;
+    ASSERT_EQ(CMySemLock::AcquireSymLock(lock, name.Text.c_str()), 0);
+    Other child([&] {
+        CMySemLock::ReleaseSymLock(lock);
+        return 0;
+    });
+    EXPECT_EQ(child.Told(), 0);
+    EXPECT_TRUE(IsHeldUntil(name, [&] { CMySemLock::ReleaseSymLock(lock); })) << "a child gave it back";
 }
 
 } // namespace

@@ -8,7 +8,6 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <future>
 #include <stdexcept>
 #include <thread>
 
@@ -86,21 +85,6 @@ private:
 
 class Lock : public testing::Test {
 protected:
-    // Takes the lock on a thread of its own, and gives it back there.
-    std::future<int> TakeAside()
-    {
-        return std::async(std::launch::async, [name = Name.Text] { return Attempt(name).Error; });
-    }
-
-    // Whether it has to wait for the lock, and gets it once `end` has ended the other process's hold.
-    bool IsHeldUntil(Holder& holder, void (Holder::*end)())
-    {
-        std::future<int> taking = TakeAside();
-        const bool waits = taking.wait_for(200ms) == std::future_status::timeout;
-        (holder.*end)();
-        return waits && taking.wait_for(5s) == std::future_status::ready && taking.get() == 0;
-    }
-
     LockName Name;
 };
 
@@ -130,26 +114,32 @@ TEST_F(Lock, ExcludesTheThreadsOfOneProcess)
 TEST_F(Lock, ExcludesAnotherProcessUntilItDiesOrGivesTheLockBack)
 {
     Holder dying(Name);
-    EXPECT_TRUE(IsHeldUntil(dying, &Holder::Kill));
+    EXPECT_TRUE(IsHeldUntil(Name, [&] { dying.Kill(); }));
     Holder next(Name);
-    EXPECT_TRUE(IsHeldUntil(next, &Holder::GiveBack));
+    EXPECT_TRUE(IsHeldUntil(Name, [&] { next.GiveBack(); }));
 }
 
 TEST_F(Lock, IsGivenUpAfterAWhileWithALineInTheLog)
 {
     Holder other(Name);
+    const auto start = std::chrono::steady_clock::now();
     const Attempt inVain(Name.Text);
+    const auto waited = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(waited, 10s);
+    EXPECT_LE(waited, 20s);
     EXPECT_NE(inVain.Error, 0);
     ASSERT_EQ(inVain.Log.size(), 1U);
     EXPECT_EQ(inVain.Log[0].rfind("Going on without the lock " + Name.Text, 0), 0U) << inVain.Log[0];
-    std::future<int> again = TakeAside();
-    EXPECT_EQ(again.wait_for(5s), std::future_status::ready) << "a process waits in vain once";
-    EXPECT_NE(again.get(), 0);
+    const auto again = std::chrono::steady_clock::now();
+    EXPECT_NE(Attempt(Name.Text).Error, 0);
+    const auto waitedAgain = std::chrono::steady_clock::now() - again;
+    EXPECT_GT(waitedAgain, 90ms) << "a hold that ends soon is worth a short wait";
+    EXPECT_LT(waitedAgain, 5s) << "a process waits long in vain once";
 
     other.GiveBack();
-    EXPECT_EQ(TakeAside().get(), 0);
+    EXPECT_EQ(Attempt(Name.Text).Error, 0);
     Holder next(Name);
-    EXPECT_TRUE(IsHeldUntil(next, &Holder::GiveBack)) << "once free, the lock is worth waiting for";
+    EXPECT_TRUE(IsHeldUntil(Name, [&] { next.GiveBack(); })) << "once free, the lock is worth waiting for";
 }
 
 } // namespace

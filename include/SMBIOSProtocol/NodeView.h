@@ -1,0 +1,111 @@
+/// \file
+/// A look at a node of the tree, without a copy.
+
+#pragma once
+
+#include "SMBIOSProtocol/Export.h"
+
+#include <cstddef>
+#include <iterator>
+#include <string_view>
+
+namespace Protocol::SMBIOS {
+
+struct TreeNode;
+class NodeRange;
+
+/// One node of a tree, or none. A view is as small as a pointer and copied freely. It and the texts that it
+/// gives are valid as long as the object that it comes from, or any copy of that object. All operations but
+/// the test for a node need one.
+class SMBIOSPROTOCOL_API NodeView {
+public:
+    /// No node.
+    constexpr NodeView() noexcept = default;
+
+    /// Whether there is a node.
+    explicit operator bool() const noexcept { return Node != nullptr; }
+
+    /// The full path: "/SMBIOS/Type17[2]/Size".
+    std::string_view Path() const noexcept;
+
+    /// What the path of the parent does not have, "/" left away: "Size", "[2]". Of the root, its path, "/"
+    /// left away.
+    std::string_view Name() const noexcept;
+
+    /// Whether the node holds a value; an inner node lists children.
+    bool IsLeaf() const noexcept;
+
+    /// The value of a leaf as text, which may be empty; empty for an inner node.
+    std::string_view Value() const noexcept;
+
+    /// The nodes that this one lists, in the order in which they were listed. One that was listed again, as
+    /// by the second structure of a type without an index, stands there again: descend through
+    /// DistinctChildren. A leaf lists children in a broken table alone; they are not part of the tree below
+    /// it.
+    NodeRange Children() const noexcept;
+
+    /// The same, each node once, where it was listed first.
+    NodeRange DistinctChildren() const noexcept;
+
+    /// Whether both look at the same node of the same tree, or at none.
+    friend bool operator==(NodeView left, NodeView right) noexcept { return left.Node == right.Node; }
+    /// The opposite.
+    friend bool operator!=(NodeView left, NodeView right) noexcept { return left.Node != right.Node; }
+
+private:
+    friend class NodeRange;
+    friend class SMBIOSProtocolImpl;
+    explicit constexpr NodeView(const TreeNode* node) noexcept : Node(node) {}
+
+    const TreeNode* Node = nullptr;
+};
+
+/// A row of nodes, for a range-based for loop; valid as long as the view that it comes from.
+class NodeRange {
+public:
+    /// Goes over the row, from first to last.
+    class Iterator {
+    public:
+        using iterator_category = std::input_iterator_tag; ///< for algorithms
+        using value_type = NodeView;                       ///< for algorithms
+        using difference_type = std::ptrdiff_t;            ///< for algorithms
+        using pointer = const NodeView*;                   ///< for algorithms
+        using reference = NodeView;                        ///< for algorithms
+
+        /// The node here.
+        NodeView operator*() const noexcept { return NodeView(*Place); }
+        /// Goes to the next node.
+        Iterator& operator++() noexcept
+        {
+            ++Place;
+            return *this;
+        }
+        /// The same, giving the place before.
+        Iterator operator++(int) noexcept { return Iterator(Place++); }
+        /// Whether both are at the same place.
+        friend bool operator==(Iterator left, Iterator right) noexcept { return left.Place == right.Place; }
+        /// The opposite.
+        friend bool operator!=(Iterator left, Iterator right) noexcept { return left.Place != right.Place; }
+
+    private:
+        friend class NodeRange;
+        explicit Iterator(const TreeNode* const* place) noexcept : Place(place) {}
+
+        const TreeNode* const* Place;
+    };
+
+    Iterator begin() const noexcept { return Iterator(First); }       ///< the first node
+    Iterator end() const noexcept { return Iterator(First + Count); } ///< behind the last one
+    std::size_t size() const noexcept { return Count; }               ///< how many there are
+    bool empty() const noexcept { return Count == 0; }                ///< whether there is none
+    NodeView operator[](std::size_t n) const noexcept { return NodeView(First[n]); } ///< `n` below size()
+
+private:
+    friend class NodeView;
+    NodeRange(const TreeNode* const* first, std::size_t count) noexcept : First(first), Count(count) {}
+
+    const TreeNode* const* First;
+    std::size_t Count;
+};
+
+} // namespace Protocol::SMBIOS

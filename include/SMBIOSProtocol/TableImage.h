@@ -1,0 +1,85 @@
+/// \file
+/// A structure table, from wherever it came.
+
+#pragma once
+
+#include "SMBIOSProtocol/Export.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <vector>
+
+namespace Protocol::SMBIOS {
+
+/// A structure table and the version that its entry point gives: of this machine, of a file, of bytes in
+/// memory. A value, which holds its bytes itself.
+///
+/// Files and bytes come in these forms, told apart by what they hold:
+///
+/// - a dump: an entry point of either form at 0 (32-bit `_SM_`, 64-bit `_SM3_`), the table at 32;
+/// - an image: the table, and a 32-bit entry point somewhere behind it;
+/// - a folder (files only): an entry point in `smbios_entry_point`, the table in `DMI`, as Linux publishes
+///   them in `/sys/firmware/dmi/tables`.
+///
+/// All that can fail throws ResultStatus, whose message says what was wrong and what to do but does not name
+/// the file, or `std::bad_alloc`.
+class SMBIOSPROTOCOL_API TableImage {
+public:
+    /// The largest table, in bytes. Read by version, a table has at most 65,527.
+    static constexpr std::size_t MaxTableSize = 1'048'576;
+    /// The largest file that is read, in bytes: a table may stand in front of what is none.
+    static constexpr std::size_t MaxFileSize = 16U << 20;
+
+    /// The table of the running machine: what the operating system publishes, and where it publishes nothing
+    /// and the processor is an x86, the table that an entry point of either form in the BIOS segment names.
+    /// Codes: 1013 there is none, 1024 its entry point is damaged, 2001 to 2003 physical memory cannot be
+    /// read, 2107 too large.
+    static TableImage OfThisMachine();
+
+    /// The table of a dump, an image or a folder. Devices, pipes and the like are not read. Codes: 2101 not
+    /// there, 2102 not readable, 2103 a folder without the two files, 2104 empty, 2107 too large, and those
+    /// of FromBytes.
+    static TableImage FromFile(const std::filesystem::path& file);
+
+    /// The table of a dump or an image, whose bytes these are. Codes: 1013 there is no entry point, 1024 it
+    /// is damaged, 2104 empty, 2105 cut off, 2107 too large.
+    static TableImage FromBytes(std::vector<unsigned char> bytes);
+
+    int Major() const noexcept; ///< of the version: 2 of 2.7
+    int Minor() const noexcept; ///< of the version: 7 of 2.7
+
+    /// The structures, one behind the other. Of an image this is what stands in front of the entry point.
+    const std::vector<unsigned char>& Table() const noexcept;
+
+    /// False where the table may be cut off: its entry point gives only the most that it can be, as the
+    /// 64-bit form does, and it has no end structure.
+    bool IsWhole() const noexcept;
+
+    /// The same table with another version, for Reading::ByVersion. Both numbers are 0 to 255; others are
+    /// refused with 1111.
+    TableImage As(int major, int minor) const;
+
+    /// Writes a dump that FromFile and other programs read: a new file with the entry point at 0, the table
+    /// at 32. The entry point is of the 32-bit form for versions below 3.0 and tables of at most 65,535
+    /// bytes, else of the 64-bit form, unless that would lose the bytes behind the table's end structure. A
+    /// write that fails leaves no file. Codes: 2108 the file exists, 2109 it cannot be written.
+    void Save(const std::filesystem::path& file) const;
+
+private:
+    friend class SMBIOSProtocolImpl;
+    using Bytes = std::vector<unsigned char>;
+
+    TableImage(Bytes structures, Bytes behind, unsigned char major, unsigned char minor);
+    static TableImage FromImage(Bytes image);
+    static TableImage FromParts(const Bytes& entryPoint, Bytes table);
+    static TableImage FromTable(Bytes table, unsigned char major, unsigned char minor);
+    Bytes ImageByVersion() const;
+
+    Bytes Structures;
+    Bytes Behind; ///< a 32-bit entry point and what stood behind it: fields of a last structure reach into it
+    unsigned char MajorVersion;
+    unsigned char MinorVersion;
+    bool Whole = true;
+};
+
+} // namespace Protocol::SMBIOS

@@ -1,0 +1,64 @@
+// Type 6, Memory Module Information.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Part BankConnectionsParts[] = {
+    {"SecondBankConnection", 0, 3},
+    {"FirstBankConnection",  4, 7},
+};
+
+constexpr Row CurrentMemoryTypeRows[] = {
+    {0, "Other"},
+    {1, "Unknown"},
+    {2, "Standard"},
+    {3, "Fast Page Mode"},
+    {4, "EDO"},
+    {5, "Parity"},
+    {6, "ECC"},
+    {7, "SIMM"},
+    {8, "DIMM"},
+    {9, "Burst EDO"},
+    {10, "SDRAM"},
+};
+
+constexpr Row BankTypeRows[] = {
+    {0x00, "Single-bank connection"},
+    {0x01, "Double-bank connection"},
+};
+
+constexpr Part InstalledSizeParts[] = {
+    {"InstalledSizeExponent", 0, 6},
+    {"InstalledBankType",     7, 7, Enumeration(BankTypeRows)},
+};
+
+constexpr Part EnabledSizeParts[] = {
+    {"EnabledSizeExponent", 0, 6},
+    {"EnabledBankType",     7, 7, Enumeration(BankTypeRows)},
+};
+
+constexpr Row ErrorStatusRows[] = {
+    {0, "Uncorrectable errors"},
+    {1, "Correctable errors"},
+    {2, "Status is in the event log"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "SocketDesignation", StringReference, String,  V3_8},
+    {0x05, "BankConnections",   1,               Decimal, V3_8, Packed(BankConnectionsParts)},
+    {0x06, "CurrentSpeed",      1,               Decimal, V3_8},
+    {0x07, "CurrentMemoryType", 2,               Decimal, V3_8, Bits(16, CurrentMemoryTypeRows)},
+    {0x09, "InstalledSize",     1,               Decimal, V3_8, Packed(InstalledSizeParts)},
+    {0x0A, "EnabledSize",       1,               Decimal, V3_8, Packed(EnabledSizeParts)},
+    {0x0B, "ErrorStatus",       1,               Decimal, V3_8, Bits(8, ErrorStatusRows)},
+};
+
+static_assert(IsWellFormed(Fields));
+
+} // namespace
+
+const Type Type006MemoryModule{6, Instances::Indexed, V3_8, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

@@ -1,0 +1,94 @@
+// Type 15, System Event Log.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row AccessMethodRows[] = {
+    {0x00, "Indexed I/O, one 8-bit index port, one 8-bit data port"},
+    {0x01, "Indexed I/O, two 8-bit index ports, one 8-bit data port"},
+    {0x02, "Indexed I/O, one 16-bit index port, one 8-bit data port"},
+    {0x03, "Memory-mapped physical 32-bit address"},
+    {0x04, "General-Purpose NonVolatile Data functions"},
+};
+
+constexpr Row LogStatusRows[] = {
+    {0, "Log area valid"},
+    {1, "Log area full"},
+};
+
+constexpr Row LogHeaderFormatRows[] = {
+    {0x00, "No header"},
+    {0x01, "Type 1 log header"},
+};
+
+constexpr Row LogTypeRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Single-bit ECC memory error"},
+    {0x02, "Multi-bit ECC memory error"},
+    {0x03, "Parity memory error"},
+    {0x04, "Bus time-out"},
+    {0x05, "I/O Channel Check"},
+    {0x06, "Software NMI"},
+    {0x07, "POST Memory Resize"},
+    {0x08, "POST Error"},
+    {0x09, "PCI Parity Error"},
+    {0x0A, "PCI System Error"},
+    {0x0B, "CPU Failure"},
+    {0x0C, "EISA FailSafe Timer time-out"},
+    {0x0D, "Correctable memory log disabled"},
+    {0x0E, "Logging disabled for a specific event type"},
+    {0x0F, "Reserved"},
+    {0x10, "System Limit Exceeded"},
+    {0x11, "Asynchronous hardware timer expired"},
+    {0x12, "System configuration information"},
+    {0x13, "Hard-disk information"},
+    {0x14, "System reconfigured"},
+    {0x15, "Uncorrectable CPU-complex error"},
+    {0x16, "Log Area Reset/Cleared"},
+    {0x17, "System boot"},
+    {0xFF, "End of log"},
+};
+
+constexpr Row VariableDataFormatTypeRows[] = {
+    {0x00, "None"},
+    {0x01, "Handle"},
+    {0x02, "Multiple-Event"},
+    {0x03, "Multiple-Event Handle"},
+    {0x04, "POST Results Bitmap"},
+    {0x05, "System Management Type"},
+    {0x06, "Multiple-Event System Management Type"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "LogAreaLength",                       2, Decimal, V3_8},
+    {0x06, "LogHeaderStartOffset",                2, Decimal, V3_8},
+    {0x08, "LogDataStartOffset",                  2, Decimal, V3_8},
+    {0x0A, "AccessMethod",                        1, Decimal, V3_8, Enumeration(AccessMethodRows)},
+    {0x0B, "LogStatus",                           1, Decimal, V3_8, Bits(8, LogStatusRows)},
+    {0x0C, "LogChangeToken",                      4, Decimal, V3_8},
+    {0x10, "AccessMethodAddress",                 4, Decimal, V3_8},
+    {0x14, "LogHeaderFormat",                     1, Decimal, V3_8, Enumeration(LogHeaderFormatRows)},
+    {0x15, "NumberOfSupportedLogTypeDescriptors", 1, Decimal, V3_8},
+    {0x16, "LengthOfEachLogTypeDescriptor",       1, Decimal, V3_8},
+};
+
+static_assert(IsWellFormed(Fields));
+
+constexpr Field LogTypeDescriptorFields[] = {
+    {0x00, "LogType",                1, Decimal, V3_8, Enumeration(LogTypeRows)},
+    {0x01, "VariableDataFormatType", 1, Decimal, V3_8, Enumeration(VariableDataFormatTypeRows)},
+};
+
+constexpr Section Sections[] = {
+    Group("LogTypeDescriptor", 0x17, CountAt(0x15), EachAsSaidAt(0x16), LogTypeDescriptorFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
+} // namespace
+
+const Type Type015SystemEventLog{15, Instances::Indexed, V3_8, Fields, Sections};
+
+} // namespace Protocol::SMBIOS::Catalogue

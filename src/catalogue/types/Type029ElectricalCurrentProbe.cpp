@@ -1,0 +1,54 @@
+// Type 29, Electrical Current Probe.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row LocationRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Processor"},
+    {0x04, "Disk"},
+    {0x05, "Peripheral Bay"},
+    {0x06, "System Management Module"},
+    {0x07, "Motherboard"},
+    {0x08, "Memory Module"},
+    {0x09, "Processor Module"},
+    {0x0A, "Power Unit"},
+    {0x0B, "Add-in Card"},
+};
+
+constexpr Row StatusRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "OK"},
+    {0x04, "Non-critical"},
+    {0x05, "Critical"},
+    {0x06, "Non-recoverable"},
+};
+
+constexpr Part LocationAndStatusParts[] = {
+    {"Location", 0, 4, Enumeration(LocationRows)},
+    {"Status",   5, 7, Enumeration(StatusRows)},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "Description",       StringReference, String,  V3_8},
+    {0x05, "LocationAndStatus", 1,               Decimal, V3_8, Packed(LocationAndStatusParts)},
+    {0x06, "MaximumValue",      2,               Signed,  V3_8},
+    {0x08, "MinimumValue",      2,               Signed,  V3_8},
+    {0x0A, "Resolution",        2,               Decimal, V3_8},
+    {0x0C, "Tolerance",         2,               Signed,  V3_8},
+    {0x0E, "Accuracy",          2,               Decimal, V3_8},
+    {0x10, "OEMDefined",        4,               Decimal, V3_8},
+    {0x14, "NominalValue",      2,               Signed,  V3_8},
+};
+
+static_assert(IsWellFormed(Fields));
+
+} // namespace
+
+const Type Type029ElectricalCurrentProbe{29, Instances::Indexed, V3_8, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

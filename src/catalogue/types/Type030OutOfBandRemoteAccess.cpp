@@ -1,0 +1,24 @@
+// Type 30, Out-of-Band Remote Access.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row ConnectionsRows[] = {
+    {0, "Inbound Connection Enabled"},
+    {1, "Outbound Connection Enabled"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "ManufacturerName", StringReference, String,  V3_8},
+    {0x05, "Connections",      1,               Decimal, V3_8, Bits(8, ConnectionsRows)},
+};
+
+static_assert(IsWellFormed(Fields));
+
+} // namespace
+
+const Type Type030OutOfBandRemoteAccess{30, Instances::Indexed, V3_8, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

@@ -1,0 +1,56 @@
+// Type 33, 64-bit Memory Error Information.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row ErrorTypeRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "OK"},
+    {0x04, "Bad read"},
+    {0x05, "Parity error"},
+    {0x06, "Single-bit error"},
+    {0x07, "Double-bit error"},
+    {0x08, "Multi-bit error"},
+    {0x09, "Nibble error"},
+    {0x0A, "Checksum error"},
+    {0x0B, "CRC error"},
+    {0x0C, "Corrected single-bit error"},
+    {0x0D, "Corrected error"},
+    {0x0E, "Uncorrectable error"},
+};
+
+constexpr Row ErrorGranularityRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Device level"},
+    {0x04, "Memory partition level"},
+};
+
+constexpr Row ErrorOperationRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Read"},
+    {0x04, "Write"},
+    {0x05, "Partial Write"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "ErrorType",               1, Decimal,  V3_8, Enumeration(ErrorTypeRows)},
+    {0x05, "ErrorGranularity",        1, Decimal,  V3_8, Enumeration(ErrorGranularityRows)},
+    {0x06, "ErrorOperation",          1, Decimal,  V3_8, Enumeration(ErrorOperationRows)},
+    {0x07, "VendorSyndrome",          4, Decimal,  V3_8},
+    {0x0B, "MemoryArrayErrorAddress", 8, Unsigned, V3_8},
+    {0x13, "DeviceErrorAddress",      8, Unsigned, V3_8},
+    {0x1B, "ErrorResolution",         4, Decimal,  V3_8},
+};
+
+static_assert(IsWellFormed(Fields));
+
+} // namespace
+
+const Type Type033MemoryErrorInformation64{33, Instances::Indexed, V3_8, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

@@ -1,0 +1,21 @@
+// Type 35, Management Device Component.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Field Fields[] = {
+    {0x04, "Description",            StringReference, String,  V3_8},
+    {0x05, "ManagementDeviceHandle", 2,               Decimal, V3_8},
+    {0x07, "ComponentHandle",        2,               Decimal, V3_8},
+    {0x09, "ThresholdHandle",        2,               Decimal, V3_8},
+};
+
+static_assert(IsWellFormed(Fields));
+
+} // namespace
+
+const Type Type035ManagementDeviceComponent{35, Instances::Indexed, V3_8, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

@@ -1,0 +1,38 @@
+// Type 37, Memory Channel.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row ChannelTypeRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "RamBus"},
+    {0x04, "SyncLink"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "ChannelType",        1, Decimal, V3_8, Enumeration(ChannelTypeRows)},
+    {0x05, "MaximumChannelLoad", 1, Decimal, V3_8},
+    {0x06, "MemoryDeviceCount",  1, Decimal, V3_8},
+};
+
+static_assert(IsWellFormed(Fields));
+
+constexpr Field MemoryDeviceFields[] = {
+    {0x00, "MemoryDeviceLoad",   1, Decimal, V3_8},
+    {0x01, "MemoryDeviceHandle", 2, Decimal, V3_8},
+};
+
+constexpr Section Sections[] = {
+    Group("MemoryDevice", 0x07, CountAt(0x06), BytesEach(3), MemoryDeviceFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
+} // namespace
+
+const Type Type037MemoryChannel{37, Instances::Indexed, V3_8, Fields, Sections};
+
+} // namespace Protocol::SMBIOS::Catalogue

@@ -1,0 +1,72 @@
+// Type 39, System Power Supply.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row NoYesRows[] = {
+    {0x00, "No"},
+    {0x01, "Yes"},
+};
+
+constexpr Row InputVoltageRangeSwitchingRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Manual"},
+    {0x04, "Auto-switch"},
+    {0x05, "Wide range"},
+    {0x06, "Not applicable"},
+};
+
+constexpr Row StatusRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "OK"},
+    {0x04, "Non-critical"},
+    {0x05, "Critical"},
+};
+
+constexpr Row PowerSupplyTypeRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Linear"},
+    {0x04, "Switching"},
+    {0x05, "Battery"},
+    {0x06, "UPS"},
+    {0x07, "Converter"},
+    {0x08, "Regulator"},
+};
+
+constexpr Part PowerSupplyCharacteristicsParts[] = {
+    {"HotReplaceable",             0, 0, Enumeration(NoYesRows)},
+    {"Present",                    1, 1, Enumeration(NoYesRows)},
+    {"Unplugged",                  2, 2, Enumeration(NoYesRows)},
+    {"InputVoltageRangeSwitching", 3, 6, Enumeration(InputVoltageRangeSwitchingRows)},
+    {"Status",                     7, 9, Enumeration(StatusRows)},
+    {"PowerSupplyType",            10, 13, Enumeration(PowerSupplyTypeRows)},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "PowerUnitGroup",             1,               Decimal, V3_8},
+    {0x05, "Location",                   StringReference, String,  V3_8},
+    {0x06, "DeviceName",                 StringReference, String,  V3_8},
+    {0x07, "Manufacturer",               StringReference, String,  V3_8},
+    {0x08, "SerialNumber",               StringReference, String,  V3_8},
+    {0x09, "AssetTagNumber",             StringReference, String,  V3_8},
+    {0x0A, "ModelPartNumber",            StringReference, String,  V3_8},
+    {0x0B, "RevisionLevel",              StringReference, String,  V3_8},
+    {0x0C, "MaxPowerCapacity",           2,               Decimal, V3_8},
+    {0x0E, "PowerSupplyCharacteristics", 2,               Decimal, V3_8, Packed(PowerSupplyCharacteristicsParts)},
+    {0x10, "InputVoltageProbeHandle",    2,               Decimal, V3_8},
+    {0x12, "CoolingDeviceHandle",        2,               Decimal, V3_8},
+    {0x14, "InputCurrentProbeHandle",    2,               Decimal, V3_8},
+};
+
+static_assert(IsWellFormed(Fields));
+
+} // namespace
+
+const Type Type039SystemPowerSupply{39, Instances::Indexed, V3_8, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

@@ -1,0 +1,69 @@
+// Type 42, Management Controller Host Interface.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row InterfaceTypeRows[] = {
+    {0x02, "KCS: Keyboard Controller Style"},
+    {0x03, "8250 UART Register Compatible"},
+    {0x04, "16450 UART Register Compatible"},
+    {0x05, "16550/16550A UART Register Compatible"},
+    {0x06, "16650/16650A UART Register Compatible"},
+    {0x07, "16750/16750A UART Register Compatible"},
+    {0x08, "16850/16850A UART Register Compatible"},
+    {0x09, "I2C/SMBus"},
+    {0x0A, "I3C"},
+    {0x0B, "PCIe VDM"},
+    {0x0C, "MMBI"},
+    {0x0D, "PCC"},
+    {0x0E, "UCIe"},
+    {0x0F, "USB"},
+    {0x40, "Network Host Interface"},
+    {0xF0, "OEM-defined"},
+};
+
+constexpr Row ProtocolTypeRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "Reserved"},
+    {0x02, "IPMI"},
+    {0x03, "MCTP"},
+    {0x04, "Redfish over IP"},
+    {0xF0, "OEM-defined"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "InterfaceType", 1, Decimal, V3_8, Enumeration(InterfaceTypeRows)},
+};
+
+static_assert(IsWellFormed(Fields));
+
+constexpr Field DataFields[] = {
+    {0x05, "InterfaceTypeSpecificDataLength", 1,              Decimal, V3_8},
+    {0x06, "InterfaceTypeSpecificData",       AsSaidAt(0x05), Hex,     V3_8},
+};
+
+constexpr Field BehindInterfaceTypeSpecificDataFields[] = {
+    {0x00, "NumberOfProtocolRecords", 1, Decimal, V3_8},
+};
+
+constexpr Field ProtocolRecordFields[] = {
+    {0x00, "ProtocolType",                   1,              Decimal, V3_8, Enumeration(ProtocolTypeRows)},
+    {0x01, "ProtocolTypeSpecificDataLength", 1,              Decimal, V3_8},
+    {0x02, "ProtocolTypeSpecificData",       AsSaidAt(0x01), Hex,     V3_8},
+};
+
+constexpr Section Sections[] = {
+    FieldsOf(DataFields),
+    FieldsBehind(BehindInterfaceTypeSpecificDataFields),
+    Group("ProtocolRecord", Behind, CountAt(0x00), AsEachSaysAt(0x01, 2, 1), ProtocolRecordFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
+} // namespace
+
+const Type Type042ManagementControllerHostInterface{42, Instances::Indexed, V3_8, Fields, Sections, TableVersion{3, 2}};
+
+} // namespace Protocol::SMBIOS::Catalogue

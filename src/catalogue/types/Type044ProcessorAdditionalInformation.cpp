@@ -1,0 +1,35 @@
+// Type 44, Processor Additional Information.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row ProcessorTypeRows[] = {
+    {0x00, "Reserved"},
+    {0x01, "IA32 (x86)"},
+    {0x02, "x64 (x86-64, Intel64, AMD64, EM64T)"},
+    {0x03, "Intel Itanium architecture"},
+    {0x04, "32-bit ARM (Aarch32)"},
+    {0x05, "64-bit ARM (Aarch64)"},
+    {0x06, "32-bit RISC-V (RV32)"},
+    {0x07, "64-bit RISC-V (RV64)"},
+    {0x08, "128-bit RISC-V (RV128)"},
+    {0x09, "32-bit LoongArch (LoongArch32)"},
+    {0x0A, "64-bit LoongArch (LoongArch64)"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "ReferencedHandle",      2,              Decimal, V3_8},
+    {0x06, "BlockLength",           1,              Decimal, V3_8},
+    {0x07, "ProcessorType",         1,              Decimal, V3_8, Enumeration(ProcessorTypeRows)},
+    {0x08, "ProcessorSpecificData", AsSaidAt(0x06), Hex,     V3_8},
+};
+
+static_assert(IsWellFormed(Fields));
+
+} // namespace
+
+const Type Type044ProcessorAdditionalInformation{44, Instances::Indexed, V3_8, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

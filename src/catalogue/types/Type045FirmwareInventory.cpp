@@ -1,0 +1,67 @@
+// Type 45, Firmware Inventory Information.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row VersionFormatRows[] = {
+    {0x00, "Free-form string"},
+    {0x01, "MAJOR.MINOR"},
+    {0x02, "32-bit hexadecimal string"},
+    {0x03, "64-bit hexadecimal string"},
+};
+
+constexpr Row FirmwareIDFormatRows[] = {
+    {0x00, "Free-form string"},
+    {0x01, "UEFI ESRT FwClass GUID or FMP ImageTypeId"},
+};
+
+constexpr Row CharacteristicsRows[] = {
+    {0, "Updatable"},
+    {1, "Write-Protect"},
+};
+
+constexpr Row StateRows[] = {
+    {0x01, "Other"},
+    {0x02, "Unknown"},
+    {0x03, "Disabled"},
+    {0x04, "Enabled"},
+    {0x05, "Absent"},
+    {0x06, "StandbyOffline"},
+    {0x07, "StandbySpare"},
+    {0x08, "UnavailableOffline"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "FirmwareComponentName",          StringReference, String,   V3_8},
+    {0x05, "FirmwareVersion",                StringReference, String,   V3_8},
+    {0x06, "VersionFormat",                  1,               Decimal,  V3_8, Enumeration(VersionFormatRows)},
+    {0x07, "FirmwareID",                     StringReference, String,   V3_8},
+    {0x08, "FirmwareIDFormat",               1,               Decimal,  V3_8, Enumeration(FirmwareIDFormatRows)},
+    {0x09, "ReleaseDate",                    StringReference, String,   V3_8},
+    {0x0A, "Manufacturer",                   StringReference, String,   V3_8},
+    {0x0B, "LowestSupportedFirmwareVersion", StringReference, String,   V3_8},
+    {0x0C, "ImageSize",                      8,               Unsigned, V3_8},
+    {0x14, "Characteristics",                2,               Decimal,  V3_8, Bits(16, CharacteristicsRows)},
+    {0x16, "State",                          1,               Decimal,  V3_8, Enumeration(StateRows)},
+    {0x17, "NumberOfAssociatedComponents",   1,               Decimal,  V3_8},
+};
+
+static_assert(IsWellFormed(Fields));
+
+constexpr Field AssociatedComponentFields[] = {
+    {0x00, "AssociatedComponentHandle", 2, Decimal, V3_8},
+};
+
+constexpr Section Sections[] = {
+    Group("AssociatedComponent", 0x18, CountAt(0x17), BytesEach(2), AssociatedComponentFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
+} // namespace
+
+const Type Type045FirmwareInventory{45, Instances::Indexed, V3_8, Fields, Sections};
+
+} // namespace Protocol::SMBIOS::Catalogue

@@ -1,0 +1,25 @@
+// Type 46, String Property.
+
+#include "catalogue/Types.h"
+
+namespace Protocol::SMBIOS::Catalogue {
+namespace {
+
+constexpr Row StringPropertyIDRows[] = {
+    {0x0000, "Reserved"},
+    {0x0001, "UEFI device path"},
+};
+
+constexpr Field Fields[] = {
+    {0x04, "StringPropertyID",    2,               Decimal, V3_8, Enumeration(StringPropertyIDRows)},
+    {0x06, "StringPropertyValue", StringReference, String,  V3_8},
+    {0x07, "ParentHandle",        2,               Decimal, V3_8},
+};
+
+static_assert(IsWellFormed(Fields));
+
+} // namespace
+
+const Type Type046StringProperty{46, Instances::Indexed, V3_8, Fields};
+
+} // namespace Protocol::SMBIOS::Catalogue

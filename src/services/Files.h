@@ -1,0 +1,23 @@
+// Opening files. Both give null where they fail, with the reason in errno.
+
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+namespace Protocol::SMBIOS::Files {
+
+struct Close {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, Close>;
+
+/// Opens a regular file for reading. Anything else, such as a pipe without a writer, is not waited for and
+/// refused with EINVAL.
+File Open(const std::filesystem::path& path);
+
+/// Makes a file for writing; one that exists is refused with EEXIST.
+File Create(const std::filesystem::path& path);
+
+} // namespace Protocol::SMBIOS::Files

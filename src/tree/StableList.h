@@ -1,0 +1,49 @@
+// A list that grows at its end and whose elements stay where they are. It takes memory for many elements at a
+// time, and finds one by its number without a division.
+
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <type_traits>
+#include <vector>
+
+namespace Protocol::SMBIOS {
+
+template <typename Element>
+class StableList {
+    static_assert(std::is_trivially_copyable_v<Element>);
+
+public:
+    std::size_t Size() const { return Count; }
+
+    Element& operator[](std::size_t number) const
+    {
+        return Blocks[number / BlockLength][number % BlockLength];
+    }
+
+    Element& Append(const Element& element)
+    {
+        if (Count == Blocks.size() * BlockLength)
+            Blocks.push_back(std::unique_ptr<Element[]>(new Element[BlockLength]));
+        Element& place = (*this)[Count];
+        place = element;
+        ++Count;
+        return place;
+    }
+
+    /// Releases all elements.
+    void Clear()
+    {
+        Blocks = decltype(Blocks)();
+        Count = 0;
+    }
+
+private:
+    static constexpr std::size_t BlockLength = 64;
+
+    std::vector<std::unique_ptr<Element[]>> Blocks;
+    std::size_t Count = 0;
+};
+
+} // namespace Protocol::SMBIOS
