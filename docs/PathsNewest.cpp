@@ -263,9 +263,9 @@ std::string TableText(const TypeView& type, const Field& field)
 void PrintTables(std::ostream& out, const TypeView& type)
 {
     std::vector<std::pair<std::string, std::string>> tables; // headings and texts
-    for (const Section* section : type.Table.Sections) {
-        for (std::size_t i = 0; i < section->FieldCount; ++i) {
-            const Field& field = section->Fields[i];
+    for (const SMBSection& section : type.Table.Sections) {
+        for (std::size_t i = 0; i < section.Data->FieldCount; ++i) {
+            const Field& field = section.Data->Fields[i];
             const std::string text = TableText(type, field);
             const auto same = std::find_if(tables.begin(), tables.end(),
                                            [&](const auto& each) { return each.second == text; });
@@ -291,7 +291,7 @@ void PrintType(std::ostream& out, const TypeView& type)
         << (type.Table.Indexed ? Code(path + "[n]") : Code(path) + ", " + Code(path + "[2]") + ", ...")
         << "\n";
     const Section* before = nullptr;
-    for (const Section* section : type.Table.Sections) {
+    for (const auto& [section, values] : type.Table.Sections) {
         out << '\n' << (before == nullptr ? "" : Heading(*section, *before));
         if (section->FieldCount != 0)
             PrintFields(out, type, *section);

@@ -134,11 +134,12 @@ private:
     void DecodeFields(const SMBTable& table, const SMBiosStructure& structure, int type, TreeNode& node);
     struct Area;
     void DecodeSections(const SMBTable& table, const SMBiosStructure& structure, TreeNode& node);
-    int DecodeFieldsIn(const Area& area, const Catalogue::Section& section, TreeNode& node);
-    int DecodeGroup(const Area& area, const Catalogue::Section& group, const Area& before, TreeNode& node);
+    int DecodeFieldsIn(const Area& area, const SMBSection& section, TreeNode& node);
+    int DecodeGroup(const Area& area, const SMBSection& section, const Area& before, TreeNode& node);
     void DecodeStrings(const SMBiosStructure& structure, std::string_view name, TreeNode& node);
-    void DecodeField(const Area& area, const Catalogue::Field& field, int width, TreeNode& node);
-    void DecodeParts(const Area& area, const Catalogue::Field& field, unsigned long long value,
+    void DecodeField(const Area& area, const Catalogue::Field& field, const ValueTable* const* values,
+                     int width, TreeNode& node);
+    void DecodeParts(const Catalogue::Field& field, const ValueTable* const* values, unsigned long long value,
                      TreeNode& node);
     void StorePlain(TreeNode& node, std::string_view name, std::string_view value, int type);
     bool IsHandleField(int type, std::string_view name) const;

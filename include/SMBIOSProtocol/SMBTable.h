@@ -95,6 +95,15 @@ struct SMBField {
 /// The texts of a type's fields, by field name.
 using ValueTableMap = std::unordered_map<std::string_view, ValueTable>;
 
+/// What the newest catalogue reads of a structure in one go.
+struct SMBSection {
+    const Catalogue::Section* Data;
+
+    /// The texts of the section's fields, in their order: one entry a field, of a packed one as many as it
+    /// has parts. Null where there are none.
+    std::vector<const ValueTable*> Values;
+};
+
 /// How the structures of one type are read. Made once a process, and shared by all objects.
 struct SMBDefinition {
     std::vector<SMBField> Fields; ///< of the formatted area, in its order
@@ -103,7 +112,7 @@ struct SMBDefinition {
 
     /// What is read of a structure with the newest catalogue, Fields included; none: Fields, one behind the
     /// other.
-    std::vector<const Catalogue::Section*> Sections;
+    std::vector<SMBSection> Sections;
 };
 
 /// One structure type: how its structures are read, and those that the table holds.

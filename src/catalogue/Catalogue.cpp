@@ -120,18 +120,12 @@ ValueTable Build(const Table& table, Revision revision)
     return built;
 }
 
-// Adds the texts of a field; those of a packed one stand under the names of its parts. Gives the field's own,
-// null where it has none.
-const ValueTable* AddValues(ValueTableMap& values, const Field& field, Revision revision)
+// Adds the texts of a field, or of a part of one, under its name. Null where it has none.
+const ValueTable* AddValues(ValueTableMap& values, const char* name, const Table& table, Revision revision)
 {
-    for (std::size_t i = 0; i < field.Values.PartCount; ++i) {
-        const Part& part = field.Values.Parts[i];
-        if (part.Values.Kind != TableKind::None)
-            values.emplace(part.Name, Build(part.Values, revision));
-    }
-    if (field.Values.Kind == TableKind::None || field.Values.Kind == TableKind::Packed)
+    if (table.Kind == TableKind::None || table.Kind == TableKind::Packed)
         return nullptr;
-    return &values.emplace(field.Name, Build(field.Values, revision)).first->second;
+    return &values.emplace(name, Build(table, revision)).first->second;
 }
 
 SMBDefinition Define(const Type& type, Revision revision)
@@ -143,7 +137,8 @@ SMBDefinition Define(const Type& type, Revision revision)
         const Field& field = type.Fields[i];
         if (revision < field.From)
             continue;
-        const ValueTable* const values = AddValues(definition.ValueTables, field, revision);
+        const ValueTable* const values = 
+            AddValues(definition.ValueTables, field.Name, field.Values, revision);
         definition.Fields.push_back({field.Name, field.Width, field.Interpretation, values});
     }
     return definition;
@@ -166,16 +161,27 @@ const Definitions& DefinitionsOf()
     return definitions;
 }
 
+SMBSection DefineSection(const Section& section, ValueTableMap& values)
+{
+    SMBSection defined{&section, {}};
+    for (std::size_t i = 0; i < section.FieldCount; ++i) {
+        const Field& field = section.Fields[i];
+        if (field.Values.Kind != TableKind::Packed)
+            defined.Values.push_back(AddValues(values, field.Name, field.Values, Newest));
+        for (std::size_t k = 0; k < field.Values.PartCount; ++k) {
+            const Part& part = field.Values.Parts[k];
+            defined.Values.push_back(AddValues(values, part.Name, part.Values, Newest));
+        }
+    }
+    return defined;
+}
+
 SMBDefinition DefineNewest(const Type& type, bool withSections)
 {
     SMBDefinition definition = Define(type, Newest);
-    definition.Sections.push_back(&type.First);
-    for (std::size_t i = 0; withSections && i < type.SectionCount; ++i) {
-        const Section& section = type.Sections[i];
-        definition.Sections.push_back(&section);
-        for (std::size_t k = 0; k < section.FieldCount; ++k)
-            AddValues(definition.ValueTables, section.Fields[k], Newest);
-    }
+    definition.Sections.push_back(DefineSection(type.First, definition.ValueTables));
+    for (std::size_t i = 0; withSections && i < type.SectionCount; ++i)
+        definition.Sections.push_back(DefineSection(type.Sections[i], definition.ValueTables));
     return definition;
 }
 

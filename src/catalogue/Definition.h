@@ -126,10 +126,6 @@ struct Field {
     Revision From;
     Table Values = {};
 
-    constexpr bool HasValues() const
-    {
-        return Values.Kind != TableKind::None && Values.Kind != TableKind::Packed;
-    }
     constexpr bool HasFixedWidth() const { return Width < RestOfRecord; }
     constexpr int Size() const { return Width == StringReference ? 1 : Width; } ///< bytes, of a fixed width
     constexpr int OffsetOfWidth() const { return Width - AsSaidAt(0); }         ///< of a width AsSaidAt()

@@ -36,7 +36,6 @@ std::string Numbered(std::string_view name, std::size_t number)
 
 // The formatted area of a structure, or what of it lies behind some offset, or one record in it.
 struct SMBIOSProtocolImpl::Area {
-    const SMBTable& Table;
     const SMBiosStructure& Structure;
     const unsigned char* Bytes;
     int Size;
@@ -47,12 +46,10 @@ struct SMBIOSProtocolImpl::Area {
     Area From(int offset) const
     {
         const int skipped = std::min(offset, Size);
-        return {Table, Structure, Bytes + skipped, Size - skipped};
+        return {Structure, Bytes + skipped, Size - skipped};
     }
 
-    const ValueTable& ValuesOf(std::string_view name) const { return Table.Definition->ValueTables.at(name); }
-
-    Area Record(int offset, int length) const { return {Table, Structure, Bytes + offset, length}; }
+    Area Record(int offset, int length) const { return {Structure, Bytes + offset, length}; }
 
     // Bytes that the field takes, cut at the end of the area; less than 1 where it has none.
     int WidthOf(const Field& field) const
@@ -67,21 +64,21 @@ struct SMBIOSProtocolImpl::Area {
 void SMBIOSProtocolImpl::DecodeSections(const SMBTable& table, const SMBiosStructure& structure,
                                         TreeNode& node)
 {
-    const Area all{table, structure, structure.Data, structure.Data[LengthOffset]};
+    const Area all{structure, structure.Data, structure.Data[LengthOffset]};
     int start = 0; // of the section before
     int end = 0;   // of the section before
-    for (const Section* section : table.Definition->Sections) {
+    for (const SMBSection& section : table.Definition->Sections) {
         const Area before = all.From(start);
-        start = section->Start == Catalogue::Behind ? end : section->Start;
-        switch (section->Holds) {
+        start = section.Data->Start == Catalogue::Behind ? end : section.Data->Start;
+        switch (section.Data->Holds) {
         case Section::Content::Fields:
-            end = start + DecodeFieldsIn(all.From(start), *section, node);
+            end = start + DecodeFieldsIn(all.From(start), section, node);
             break;
         case Section::Content::Group:
-            end = start + DecodeGroup(all.From(start), *section, before, node);
+            end = start + DecodeGroup(all.From(start), section, before, node);
             break;
         case Section::Content::Strings:
-            DecodeStrings(structure, section->Name, node);
+            DecodeStrings(structure, section.Data->Name, node);
             break;
         }
     }
@@ -98,24 +95,27 @@ void SMBIOSProtocolImpl::DecodeStrings(const SMBiosStructure& structure, std::st
 
 // Decodes a section's fields as far as `area` holds them. Gives the offset behind the last of them, held or
 // not.
-int SMBIOSProtocolImpl::DecodeFieldsIn(const Area& area, const Section& section, TreeNode& node)
+int SMBIOSProtocolImpl::DecodeFieldsIn(const Area& area, const SMBSection& section, TreeNode& node)
 {
+    const ValueTable* const* values = section.Values.data();
     int end = 0;
-    for (std::size_t i = 0; i < section.FieldCount; ++i) {
-        const Field& field = section.Fields[i];
+    for (std::size_t i = 0; i < section.Data->FieldCount; ++i) {
+        const Field& field = section.Data->Fields[i];
         const int width = area.WidthOf(field);
         if (area.Holds(field.Offset, width))
-            DecodeField(area, field, width, node);
+            DecodeField(area, field, values, width, node);
         end = field.Offset + std::max(width, 0);
+        values += std::max<std::size_t>(field.Values.PartCount, 1);
     }
     return end;
 }
 
 // Decodes the records at the start of `area`; their count, and a length that is the same for all, stand in
 // `before`. Gives the offset behind the last record that is there, or would be if all that are counted were.
-int SMBIOSProtocolImpl::DecodeGroup(const Area& area, const Section& group, const Area& before,
+int SMBIOSProtocolImpl::DecodeGroup(const Area& area, const SMBSection& section, const Area& before,
                                     TreeNode& node)
 {
+    const Section& group = *section.Data;
     const RecordLength& form = group.Length;
     const bool isSame = form.From != RecordLength::Source::Record;
     const int same = form.From == RecordLength::Source::Fixed ? form.Value : before.ByteAt(form.Value);
@@ -127,17 +127,19 @@ int SMBIOSProtocolImpl::DecodeGroup(const Area& area, const Section& group, cons
         if (length < form.Minimum || !area.Holds(offset, length))
             break;
         TreeNode& record = AddInner(node, Numbered(group.Name, static_cast<std::size_t>(n)));
-        DecodeFieldsIn(area.Record(offset, length), group, record);
+        DecodeFieldsIn(area.Record(offset, length), section, record);
         offset += length;
     }
     return isSame ? count * same : offset;
 }
 
-void SMBIOSProtocolImpl::DecodeField(const Area& area, const Field& field, int width, TreeNode& node)
+// `values` has the field's texts, or those of its parts.
+void SMBIOSProtocolImpl::DecodeField(const Area& area, const Field& field, const ValueTable* const* values,
+                                     int width, TreeNode& node)
 {
     const unsigned char* const bytes = area.Bytes + field.Offset;
     if (field.Values.Kind == Catalogue::TableKind::Packed) {
-        DecodeParts(area, field, LittleEndian(bytes, static_cast<std::size_t>(width)), node);
+        DecodeParts(field, values, LittleEndian(bytes, static_cast<std::size_t>(width)), node);
         return;
     }
     char text[TextSize];
@@ -150,22 +152,22 @@ void SMBIOSProtocolImpl::DecodeField(const Area& area, const Field& field, int w
         value = text;
     }
     ResultNodes->CountText(value);
-    if (field.HasValues())
-        FillFieldInterpretation(ListChild(node, "/", field.Name), value, area.ValuesOf(field.Name));
+    if (*values != nullptr)
+        FillFieldInterpretation(ListChild(node, "/", field.Name), value, **values);
     else
         StorePlain(node, field.Name, value, area.Structure.Type);
 }
 
-void SMBIOSProtocolImpl::DecodeParts(const Area& area, const Field& field, unsigned long long value,
-                                     TreeNode& node)
+void SMBIOSProtocolImpl::DecodeParts(const Field& field, const ValueTable* const* values,
+                                     unsigned long long value, TreeNode& node)
 {
     TreeNode& packed = AddInner(node, field.Name);
     for (std::size_t i = 0; i < field.Values.PartCount; ++i) {
         const Part& part = field.Values.Parts[i];
         const unsigned long long mask = (1ULL << (part.HighBit - part.LowBit + 1)) - 1;
         const std::string number = std::to_string(value >> part.LowBit & mask);
-        if (part.Values.Kind == Catalogue::TableKind::Enumeration)
-            FillFieldInterpretation(ListChild(packed, "/", part.Name), number, area.ValuesOf(part.Name));
+        if (values[i] != nullptr)
+            FillFieldInterpretation(ListChild(packed, "/", part.Name), number, *values[i]);
         else
             AddLeaf(packed, part.Name, number);
     }
