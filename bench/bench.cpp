@@ -14,8 +14,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <spawn.h>
@@ -28,7 +26,9 @@
 namespace {
 
 using Protocol::SMBIOS::NodeView;
+using Protocol::SMBIOS::Reading;
 using Protocol::SMBIOS::SMBIOSProtocolImpl;
+using Protocol::SMBIOS::TableImage;
 using SearchResult = std::map<std::string, _XNode>;
 using Images::Bytes;
 
@@ -37,13 +37,14 @@ constexpr const char* Root = "/SMBIOS";
 struct Subject {
     std::string Name;
     std::string Path;
-    Bytes Image;
+    TableImage Table;
+    Reading How = Reading::ByVersion;
 
-    std::unique_ptr<SMBIOSProtocolImpl> Object() const
+    std::unique_ptr<SMBIOSProtocolImpl> Object() const { return ObjectBy(How); }
+
+    std::unique_ptr<SMBIOSProtocolImpl> ObjectBy(Reading how) const
     {
-        Bytes image = Image;
-        return std::make_unique<SMBIOSProtocolImpl>(image.data(), static_cast<unsigned short>(image.size()),
-                                                    Root);
+        return std::make_unique<SMBIOSProtocolImpl>(Table, how, Root);
     }
 
     SearchResult Search(const std::string& path) const
@@ -74,10 +75,10 @@ private:
     std::unordered_map<std::string, _XNode*> Nodes;
 };
 
-void Construct(benchmark::State& state, const Subject& subject)
+void Construct(benchmark::State& state, const Subject& subject, Reading how)
 {
     for (auto _ : state)
-        benchmark::DoNotOptimize(subject.Object());
+        benchmark::DoNotOptimize(subject.ObjectBy(how));
 }
 
 void ConstructFloor(benchmark::State& state, const Subject& subject)
@@ -171,15 +172,21 @@ Bytes Growing(int count)
     return Images::Image(structures);
 }
 
+// By version, or with the newest catalogue where the version has none.
+Reading ReadingOf(const TableImage& table)
+{
+    try {
+        SMBIOSProtocolImpl(table, Reading::ByVersion);
+        return Reading::ByVersion;
+    } catch (const ResultStatus&) {
+        return Reading::Newest;
+    }
+}
+
 Subject Read(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
-    Bytes bytes{std::istreambuf_iterator<char>(file), {}};
-    if (bytes.empty() || bytes.size() > 0xFFFF) {
-        std::fprintf(stderr, "bench: %s is no table image of 1 to 65,535 bytes\n", path.c_str());
-        std::exit(1);
-    }
-    return {path.substr(path.find_last_of('/') + 1), path, bytes};
+    const TableImage table = TableImage::FromFile(path);
+    return {path.substr(path.find_last_of('/') + 1), path, table, ReadingOf(table)};
 }
 
 // Subjects are told apart by their names: files of one name get their whole paths.
@@ -222,7 +229,8 @@ void Register(const Subject& subject)
     const auto add = [&](const std::string& what, auto&&... arguments) {
         benchmark::RegisterBenchmark((subject.Name + "/" + what).c_str(), arguments...);
     };
-    add("construct", Construct, subject);
+    add("construct", Construct, subject, subject.How);
+    add("newest", Construct, subject, Reading::Newest);
     add("floor", ConstructFloor, subject);
     add("leaf", Query, subject, std::string("/SMBIOS/Type0/BIOSVendor"));
     add("find", Find, subject, std::string("/SMBIOS/Type0/BIOSVendor"));
@@ -237,16 +245,20 @@ void PrintRow(const Subject& subject, const Medians& medians)
 {
     const auto time = [&](const char* what) { return medians[subject.Name + "/" + what]; };
     const std::size_t nodes = subject.Search(Root).size();
+    SearchResult newest;
+    subject.ObjectBy(Reading::Newest)->SMBiosSearch(Root, newest);
+    const double ofNewest = time("newest") / static_cast<double>(newest.size()) /
+                            (time("construct") / static_cast<double>(nodes));
     const std::size_t before = CountingNew::Held;
     CountingNew::Peak = before;
     const auto object = subject.Object();
     const std::size_t held = CountingNew::Held - before, peak = CountingNew::Peak - before;
-    std::printf("| %-24s | %6zu | %9.1f | %5.2f | %5.0f | %5.1f | %6.3f | %5.2f | %5.2f | %5.0f | %5.2f |\n",
-                subject.Name.c_str(), nodes, time("construct") / 1000, time("construct") / time("floor"),
-                time("leaf"), time("find"), time("visit") / time("tree"),
-                time("subtree") / time("subtree copy"), time("tree") / time("tree copy"),
-                static_cast<double>(held) / static_cast<double>(nodes),
-                static_cast<double>(peak) / static_cast<double>(held));
+    std::printf(
+        "| %-24s | %6zu | %9.1f | %5.2f | %6.2f | %5.0f | %5.1f | %6.3f | %5.2f | %5.2f | %5.0f | %5.2f |\n",
+        subject.Name.c_str(), nodes, time("construct") / 1000, time("construct") / time("floor"), ofNewest,
+        time("leaf"), time("find"), time("visit") / time("tree"), time("subtree") / time("subtree copy"),
+        time("tree") / time("tree copy"), static_cast<double>(held) / static_cast<double>(nodes),
+        static_cast<double>(peak) / static_cast<double>(held));
 }
 
 void PrintStart(const std::vector<Subject>& subjects, const Medians& medians)
@@ -283,12 +295,18 @@ int main(int argc, char** argv)
         return 2;
     }
     const std::string tool = argv[1];
-    for (int i = 2; i < argc; ++i)
-        subjects.push_back(Read(argv[i]));
+    try {
+        for (int i = 2; i < argc; ++i)
+            subjects.push_back(Read(argv[i]));
+    } catch (const ResultStatus& failure) {
+        std::fprintf(stderr, "bench: %s\n", failure.what());
+        return 1;
+    }
     NameApart(subjects);
     std::vector<Subject> growing;
     for (const int count : {10, 100, 1000})
-        growing.push_back({std::to_string(count + std::max(1, count / 10)), "", Growing(count)});
+        growing.push_back(
+            {std::to_string(count + std::max(1, count / 10)), "", TableImage::FromBytes(Growing(count))});
 
     for (const Subject& subject : subjects) {
         Register(subject);
@@ -299,14 +317,16 @@ int main(int argc, char** argv)
     Medians medians;
     benchmark::RunSpecifiedBenchmarks(&medians);
 
-    std::printf(
-        "| image                    |  nodes | construct | / its | leaf  | find  | visit/ |subtree| tree  | "
-        "bytes | peak  |\n"
-        "|                          |        |        us | floor |    ns |    ns | search | /copy | /copy |/ "
-        "node | /held |\n"
-        "|--------------------------|-------:|----------:|------:|------:|------:|-------:|------:|------:|-"
-        "-----:|------:|"
-        "\n");
+    std::printf("| image                    |  nodes | construct | / its | newest | leaf  | find  | visit/ "
+                "|subtree| tree  | "
+                "bytes | peak  |\n"
+                "|                          |        |        us | floor | a node |    ns |    ns | search | "
+                "/copy | /copy |/ "
+                "node | /held |\n"
+                "|--------------------------|-------:|----------:|------:|-------:|------:|------:|-------:|-"
+                "-----:|------:|-"
+                "-----:|------:|"
+                "\n");
     for (const Subject& subject : subjects)
         PrintRow(subject, medians);
     PrintStart(subjects, medians);

@@ -137,7 +137,7 @@ SMBDefinition Define(const Type& type, Revision revision)
         const Field& field = type.Fields[i];
         if (revision < field.From)
             continue;
-        const ValueTable* const values = 
+        const ValueTable* const values =
             AddValues(definition.ValueTables, field.Name, field.Values, revision);
         definition.Fields.push_back({field.Name, field.Width, field.Interpretation, values});
     }
