@@ -36,6 +36,7 @@ SMBIOSProtocolImpl::SMBIOSProtocolImpl(const TableImage& table, Reading reading,
     else
         GetSMBiosEntryPtr(bytes.data(), bytes.size());
     BuildTree();
+    decltype(bytes)().swap(bytes); // ahead of the ordering of children, which takes room
     Finish();
 }
 
