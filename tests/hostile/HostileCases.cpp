@@ -4,7 +4,9 @@
 // samples/TableText.h says, and besides:
 //
 //   Nx ...          a statement that is repeated N times
-//   largest N       with the largest N whose tree is not too large, and with one more
+//   largest N       with the largest N whose tree is not too large, and with one more; "largest N of 2.4" or
+//                   "of newest" in a table of that version or read with the newest catalogue, as often as
+//                   needed
 //   live entry      the table behind the entry point of a live machine; "live block" in the firmware's block
 //   reading newest  with the newest catalogue
 //
@@ -19,7 +21,8 @@ using FakeSystem::Machine;
 
 namespace {
 
-constexpr std::size_t MaxMemory = 512U << 20;
+constexpr std::size_t MaxMemory = 448U << 20;     ///< with the result of a search for all
+constexpr std::size_t MaxOfAnObject = 144U << 20; ///< without
 constexpr std::size_t MaxAllocations = std::size_t{8} * Protocol::SMBIOS::TreeTooLarge::MaxWrites;
 
 // What a search may allocate: for each node its place in the map, its path and its list, and each item's
@@ -48,7 +51,10 @@ std::string Measured(const std::function<ObjectOwner()>& make)
     outcome.reserve(200);
     const std::size_t own = CountingNew::Held - held;
     try {
-        outcome += Searched(*make());
+        const ObjectOwner object = make();
+        if (CountingNew::Peak - held > MaxOfAnObject)
+            outcome += "construction takes too much memory\n";
+        outcome += Searched(*object);
     } catch (const Protocol::SMBIOS::TreeTooLarge& refusal) {
         outcome += std::string(refusal.what()) + "\n";
     }
@@ -70,34 +76,43 @@ ObjectOwner ReadWithNewest(const Images::Bytes& image)
                                                 Protocol::SMBIOS::Reading::Newest);
 }
 
-std::string Tried(const std::string& table, const std::vector<std::string>& live, bool isNewest)
+// `version` is that of the table, as "2.4", or "newest" for the catalogue to read it with.
+std::string Tried(const std::string& table, const std::vector<std::string>& live, const std::string& version)
 {
-    if (isNewest)
+    if (version == "newest")
         return Measured([image = Images::ImageFromText(table)] { return ReadWithNewest(image); });
     if (live.empty()) {
         const Images::Bytes image = Images::ImageFromText(table);
         return image.size() > 65'535 ? "too long for an image\n" : Measured([&] { return Decoded(image); });
     }
     const Images::Bytes bytes = Images::FromText(table);
-    FakeSystem::TheMachine = live[0] == "block" ? Machine::WithBlock(bytes) : Machine::WithEntryPoint(bytes);
+    const auto minor = static_cast<unsigned char>(version.back() - '0');
+    FakeSystem::TheMachine =
+        live[0] == "block" ? Machine::WithBlock(bytes, 2, minor) : Machine::WithEntryPoint(bytes, 2, minor);
     return Measured(FakeSystem::NewLiveObject);
 }
 
 std::string Replayed(const std::string& text)
 {
     std::string table = Cases::Given(text);
-    const std::string given = table + "->\n";
+    std::string result = table + "->\n";
     const auto largest = Cases::TakeLines(table, "largest"), live = Cases::TakeLines(table, "live");
     const bool isNewest = !Cases::TakeLines(table, "reading").empty();
     if (largest.empty())
-        return given + Tried(table, live, isNewest);
-    const auto with = [&](std::size_t count) {
-        std::string counted = table;
-        counted.replace(counted.find("Nx "), 1, std::to_string(count));
-        return counted;
-    };
-    const std::size_t count = std::stoul(largest[0]);
-    return given + Tried(with(count), live, isNewest) + Tried(with(count + 1), live, isNewest);
+        return result + Tried(table, live, isNewest ? "newest" : "2.7");
+    for (const std::string& each : largest) {
+        const std::size_t of = each.find(" of ");
+        const std::string version = of == std::string::npos ? "2.7" : each.substr(of + 4);
+        const bool isByVersion = version != "newest";
+        for (const std::size_t count : {std::stoul(each), std::stoul(each) + 1}) {
+            std::string counted = table;
+            counted.replace(counted.find("Nx "), 1, std::to_string(count));
+            if (isByVersion && live.empty() && of != std::string::npos)
+                counted += "version " + version + "\n";
+            result += Tried(counted, isByVersion ? live : std::vector<std::string>(), version);
+        }
+    }
+    return result;
 }
 
 // What the library makes once a process is made ahead of what is measured.
