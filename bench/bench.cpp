@@ -176,7 +176,7 @@ Bytes Growing(int count)
 Reading ReadingOf(const TableImage& table)
 {
     try {
-        SMBIOSProtocolImpl(table, Reading::ByVersion);
+        const SMBIOSProtocolImpl object(table, Reading::ByVersion);
         return Reading::ByVersion;
     } catch (const ResultStatus&) {
         return Reading::Newest;
@@ -295,12 +295,13 @@ int main(int argc, char** argv)
         return 2;
     }
     const std::string tool = argv[1];
-    try {
-        for (int i = 2; i < argc; ++i)
+    for (int i = 2; i < argc; ++i) {
+        try {
             subjects.push_back(Read(argv[i]));
-    } catch (const ResultStatus& failure) {
-        std::fprintf(stderr, "bench: %s\n", failure.what());
-        return 1;
+        } catch (const ResultStatus& failure) {
+            std::fprintf(stderr, "bench: %s: %s\n", argv[i], failure.what());
+            return 1;
+        }
     }
     NameApart(subjects);
     std::vector<Subject> growing;
