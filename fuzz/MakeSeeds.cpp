@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+constexpr std::size_t LargestSeed = 1'024; ///< most of what can go wrong fits into less
+
 int main(int count, char* arguments[])
 {
     if (count < 3)
@@ -14,7 +16,9 @@ int main(int count, char* arguments[])
     unsigned int number = 0;
     for (int i = 2; i < count; ++i) {
         for (const Images::Bytes& image : Seeds::ImagesOf(arguments[i])) {
-            for (const Images::Bytes& input : Seeds::InputsOf(image, number % 4)) {
+            if (image.size() > LargestSeed)
+                continue;
+            for (const Images::Bytes& input : Seeds::InputsOf(image)) {
                 std::ofstream stream(folder / ("seed-" + std::to_string(number++)), std::ios::binary);
                 stream.write(reinterpret_cast<const char*>(input.data()),
                              static_cast<std::streamsize>(input.size()));

@@ -1,8 +1,12 @@
 #include "Properties.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <iterator>
+#include <map>
 #include <numeric>
 #include <set>
 #include <string_view>
@@ -15,14 +19,23 @@ namespace {
 using FakeSystem::Machine;
 using FakeSystem::SegmentLength;
 using Images::Bytes;
+using Protocol::SMBIOS::NodeView;
 using Protocol::SMBIOS::Reading;
 using Protocol::SMBIOS::TableImage;
 
 enum Route : unsigned int { Image = 0, WithNewest = 1, Block = 2, Segment = 3 };
-enum Test : unsigned int { Subtrees = 0, Copies = 1, SecondReading = 2, OtherRoute = 3 };
 
-/// Beyond it, subtrees and copies are not compared: that would cost more than it finds.
-constexpr std::size_t LargestThoroughTree = 1'000;
+/// What costs many times a construction and a look. The fuzzer does each with one input of so many.
+enum class Thorough : std::size_t { Subtrees, Copies, SecondReading, OtherRoute };
+constexpr std::size_t InputsForEach = 256;
+
+/// Beyond them, subtrees and copies are not compared, and nothing else either: that would cost more than it
+/// finds.
+constexpr std::size_t LargestSmallTree = 1'000;
+constexpr std::size_t LargestThoroughTree = 3'000;
+
+constexpr std::string_view LinkNames[] = {"L1CacheHandle", "L2CacheHandle", "L3CacheHandle",
+                                          "MemoryErrorInfoHandle"};
 
 void Require(bool holds, const char* property)
 {
@@ -77,7 +90,7 @@ SearchResult WithoutBlocks(SearchResult tree)
 // A view shows what the search copied.
 void CheckView(const SMBIOSProtocolImpl& object, const std::string& path, const _XNode& node)
 {
-    const Protocol::SMBIOS::NodeView view = object.Find(path);
+    const NodeView view = object.Find(path);
     Require(view && view.Path() == path && view.IsLeaf() == (node.NodeType == NODE_LEAF),
             "a view shows its node");
     std::vector<std::string> items, distinct, expected;
@@ -107,11 +120,8 @@ void CheckNodes(const SearchResult& tree)
             Require(!node.Items.empty(), "a leaf has a value");
             continue;
         }
-        for (const std::string& child : node.Items) {
-            Require(child.size() > path.size() && child.compare(0, path.size(), path) == 0,
-                    "a child's path begins with its parent's");
+        for (const std::string& child : node.Items)
             Require(tree.count(child) == 1, "a listed path has a node");
-        }
     }
 }
 
@@ -231,6 +241,23 @@ struct Subject {
         return TryMake([this] { return Decoded(Raw); });
     }
 
+    // The structures of a table that is accepted; nothing for a segment, where the machine's memory has them.
+    Bytes Table() const
+    {
+        if (Kind == Image)
+            return Raw;
+        if (Kind == WithNewest)
+            return TableImage::FromBytes(Raw).Table();
+        if (Kind == Segment)
+            return {};
+        constexpr std::size_t HeaderSize = 8;
+        Bytes block(Raw);
+        block.resize(std::max<std::size_t>(block.size(), Live.QueriedSize)); // zeros behind the truth
+        const std::size_t length = std::min<std::size_t>(static_cast<std::size_t>(block[4] | block[5] << 8),
+                                                         block.size() - HeaderSize);
+        return {block.data() + HeaderSize, block.data() + HeaderSize + length};
+    }
+
     // Whether the bytes begin with an entry point, behind which a TableImage finds the table.
     bool IsDump() const
     {
@@ -245,13 +272,7 @@ struct Subject {
         if (Kind == Segment || Kind == WithNewest)
             return {};
         if (Kind == Block) {
-            constexpr std::size_t HeaderSize = 8;
-            Bytes block(Raw);
-            block.resize(std::max<std::size_t>(block.size(), Live.QueriedSize)); // zeros behind the truth
-            const std::size_t length = std::min<std::size_t>(
-                static_cast<std::size_t>(block[4] | block[5] << 8), block.size() - HeaderSize);
-            const Bytes table(block.data() + HeaderSize, block.data() + HeaderSize + length);
-            return {Machine::WithEntryPoint(table, block[1], block[2])};
+            return {Machine::WithEntryPoint(Table(), Raw[1], Raw[2])};
         }
         constexpr std::string_view Anchor = "_SM_";
         const auto entry = std::search(Raw.begin(), Raw.end(), Anchor.begin(), Anchor.end());
@@ -264,13 +285,177 @@ struct Subject {
     Machine Live;
 };
 
-// A tree near the limit has no room for the SPD blocks.
+// The structures of a table, by a walk that owes nothing to the library's, and what the tree makes of them.
+class Structures {
+public:
+    Structures(const SMBIOSProtocolImpl& object, const Bytes& table, bool isNewest)
+        : Object(object), Newest(isNewest), Known(!table.empty())
+    {
+        for (std::size_t at = 0, next = 0; (next = EndOf(table, at)) != 0; at = next) {
+            const unsigned int type = table[at], handle = table[at + 2] | table[at + 3] * 256U;
+            if (!Object.Find(Path(type)))
+                continue;
+            AreDistinct =
+                ByHandle.insert_or_assign(handle, Structure{type, ++Counts[type]}).second && AreDistinct;
+            if (type == PhysicalMemoryArray)
+                Arrays.push_back(handle);
+        }
+    }
+
+    void CheckCounts() const
+    {
+        for (unsigned int type = 0; Known && type < Counts.size(); ++type) {
+            const unsigned int count = Counts[type];
+            const bool isIndexed = Object.Find(Path(type) + "[1]") || Object.Find(Path(type) + "[2]");
+            Require(!isIndexed || (NodeOf({type, count}) && !NodeOf({type, count + 1})),
+                    "each structure has its node");
+        }
+    }
+
+    void CheckArrays() const
+    {
+        for (std::size_t n = 0; Known && n < Arrays.size(); ++n) {
+            const NodeView list =
+                Object.Find("/SMBIOS/MemoryArray[" + std::to_string(n + 1) + "]/MemoryDevice");
+            Require(static_cast<bool>(list), "each array is in the inventory");
+            for (const NodeView device : list.DistinctChildren())
+                Require(Below(device, "/MemoryArrayHandle").Value() == std::to_string(Arrays[n]),
+                        "an array has the devices that name its handle");
+        }
+    }
+
+    void CheckLink(NodeView link, std::string_view handle) const
+    {
+        if (!Known)
+            return;
+        const auto last =
+            ByHandle.find(static_cast<unsigned int>(std::stoul(std::string(handle), nullptr, 16)));
+        Require(last != ByHandle.end(), "a link leads to a structure");
+        const NodeView node = NodeOf(last->second);
+        if (!node)
+            return;
+        for (const NodeView field : node.DistinctChildren()) {
+            if (!field.IsLeaf())
+                continue;
+            const NodeView same = Below(link, field.Path().substr(node.Path().size()));
+            Require(same && same.IsLeaf() && same.Value() == field.Value(),
+                    "a link leads to the last structure of its handle");
+        }
+    }
+
+    /// Whether each handle is known to be that of one structure.
+    bool HaveDistinctHandles() const { return Known && AreDistinct; }
+
+private:
+    static constexpr unsigned int PhysicalMemoryArray = 16;
+
+    struct Structure {
+        unsigned int Type;
+        unsigned int Number; ///< among those of its type, from 1
+    };
+
+    // Where the structure at an offset ends; 0 where none is. By version, a text longer than 255 bytes falls
+    // apart: then nothing is known.
+    std::size_t EndOf(const Bytes& table, std::size_t at)
+    {
+        constexpr unsigned int HeaderSize = 4, EndOfTable = 127, LongestText = 255;
+        if (at + HeaderSize > table.size() || table[at] == EndOfTable ||
+            (Newest && table[at + 1] < HeaderSize))
+            return 0;
+        std::size_t text = 0;
+        for (std::size_t i = at + table[at + 1]; i + 1 < table.size(); ++i) {
+            if (table[i] == 0 && table[i + 1] == 0)
+                return i + 2;
+            text = table[i] == 0 ? 0 : text + 1;
+            Known = Known && (Newest || text <= LongestText);
+        }
+        return 0;
+    }
+
+    static std::string Path(unsigned int type) { return "/SMBIOS/Type" + std::to_string(type); }
+
+    NodeView Below(NodeView node, std::string_view path) const
+    {
+        return Object.Find(std::string(node.Path()).append(path));
+    }
+
+    // Without an index, a type's node is that of the only one, and of the newest catalogue's first.
+    NodeView NodeOf(const Structure& structure) const
+    {
+        const std::string path = Path(structure.Type);
+        const NodeView indexed = Object.Find(path + "[" + std::to_string(structure.Number) + "]");
+        const bool isAlone = Newest || Counts[structure.Type] == 1;
+        return !indexed && isAlone && structure.Number == 1 ? Object.Find(path) : indexed;
+    }
+
+    const SMBIOSProtocolImpl& Object;
+    bool Newest;
+    bool Known;
+    bool AreDistinct = true;
+    std::map<unsigned int, Structure> ByHandle; ///< the last of each
+    std::array<unsigned int, 256> Counts{};     ///< by type
+    std::vector<unsigned int> Arrays;           ///< their handles
+};
+
+// One look at each node.
+class Look {
+public:
+    Look(const SMBIOSProtocolImpl& object, const Structures& structures) : Object(object), Table(structures)
+    {
+        At(Object.Find("/SMBIOS"));
+    }
+
+    std::size_t Size = 0;
+
+private:
+    void At(NodeView node) // NOLINT(misc-no-recursion)
+    {
+        ++Size;
+        Require(node && Object.Find(node.Path()) == node, "a listed path has a node");
+        if (node.IsLeaf()) {
+            Require(node.Value().find('\0') == std::string_view::npos, "a text has no NUL");
+            return;
+        }
+        const bool isLink = IsFollowed(node);
+        if (isLink)
+            Enter(node, node.Children()[0].Value());
+        for (const NodeView child : node.DistinctChildren()) {
+            Require(child.Path().size() > node.Path().size() &&
+                        child.Path().substr(0, node.Path().size()) == node.Path(),
+                    "a child's path begins with its parent's");
+            At(child);
+        }
+        if (isLink)
+            Way.pop_back();
+    }
+
+    static bool IsFollowed(NodeView node)
+    {
+        return std::find(std::begin(LinkNames), std::end(LinkNames), node.Name()) != std::end(LinkNames) &&
+               !node.Children().empty() && node.Children()[0].Name() == "Handle";
+    }
+
+    void Enter(NodeView link, std::string_view handle)
+    {
+        constexpr std::size_t MostLinks = 4;
+        Require(Way.size() < MostLinks, "at most four links are followed one behind the other");
+        Require(!Table.HaveDistinctHandles() || std::find(Way.begin(), Way.end(), handle) == Way.end(),
+                "the handles along a way differ");
+        Table.CheckLink(link, handle);
+        Way.push_back(handle);
+    }
+
+    const SMBIOSProtocolImpl& Object;
+    const Structures& Table;
+    std::vector<std::string_view> Way; ///< the handles of the links down to here
+};
+
 void CheckOthers(const Subject& subject, const SearchResult& tree)
 {
     for (const Machine& machine : subject.Others()) {
         const ObjectOwner object = TryMakeLive(machine);
-        Require(object != nullptr || tree.size() > LargestThoroughTree, "a table is accepted on all routes");
-        Require(object == nullptr || AreEqual(WithoutBlocks(Everything(*object)), WithoutBlocks(tree)),
+        Require(object != nullptr, "a table is accepted on all routes");
+        Require(AreEqual(WithoutBlocks(Everything(*object)), WithoutBlocks(tree)),
                 "a table reads the same on all routes");
     }
 }
@@ -283,18 +468,6 @@ void CheckOtherVersion(const Bytes& image, const SearchResult& tree)
     const bool isOld = table.Major() < 3 || (table.Major() == 3 && table.Minor() < 2);
     const ObjectOwner other = ReadWithNewest(isOld ? table.As(0, 0) : table.As(255, 255));
     Require(AreEqual(Everything(*other), tree), "a table reads the same whatever its version");
-}
-
-// A type's node lists the structures, or holds the first one itself.
-void CheckHandles(const SearchResult& tree)
-{
-    for (const auto& [path, node] : tree) {
-        const std::size_t type = path.rfind("/Type");
-        const bool isStructure =
-            type == std::string_view("/SMBIOS").size() && path.find('/', type + 1) == std::string::npos;
-        if (isStructure && !node.Items.empty() && node.Items[0] != path + "[1]")
-            Require(node.Items[0] == path + "/Handle", "a structure lists its handle first");
-    }
 }
 
 void CheckSecondReading(const Subject& subject, SMBIOSProtocolImpl& object, const SearchResult& tree)
@@ -317,7 +490,7 @@ void CheckSecondReading(const Subject& subject, SMBIOSProtocolImpl& object, cons
 
 } // namespace
 
-void Check(const unsigned char* data, std::size_t size)
+void Check(const unsigned char* data, std::size_t size, Effort effort)
 {
     constexpr std::size_t LargestImage = 65'535;
     if (size < 1 || size > LargestImage + 1)
@@ -326,22 +499,32 @@ void Check(const unsigned char* data, std::size_t size)
     const ObjectOwner object = subject.Make();
     if (object == nullptr)
         return;
+    const Structures structures(*object, subject.Table(), subject.Kind == WithNewest);
+    structures.CheckCounts();
+    structures.CheckArrays();
+    const std::size_t treeSize = Look(*object, structures).Size;
+    const bool isSmall = treeSize <= LargestSmallTree;
+
+    const std::size_t chosen =
+        std::hash<std::string_view>()({reinterpret_cast<const char*>(data), size}) % InputsForEach;
+    const auto isChosen = [&](Thorough test) {
+        return effort == Effort::Whole || chosen == static_cast<std::size_t>(test);
+    };
+    if (treeSize > LargestThoroughTree ||
+        (effort == Effort::Usual && chosen > static_cast<std::size_t>(Thorough::OtherRoute)))
+        return;
     const SearchResult tree = Everything(*object);
     CheckNodes(tree);
-    const unsigned int test = data[0] >> 2 & 3U;
-    const bool isSmall = tree.size() <= LargestThoroughTree;
-    if (test == Subtrees && isSmall)
+    if (isChosen(Thorough::Subtrees) && isSmall)
         CheckSubtrees(*object, tree);
-    else if (test == Copies && isSmall)
+    if (isChosen(Thorough::Copies) && isSmall)
         CheckCopies(*object, tree, Decoded(Images::Image(std::vector<Images::Structure>{})));
-    else if (test == SecondReading)
+    if (isChosen(Thorough::SecondReading))
         CheckSecondReading(subject, *object, tree);
-    else if (test == OtherRoute && subject.Kind == WithNewest)
+    if (isChosen(Thorough::OtherRoute) && subject.Kind == WithNewest)
         CheckOtherVersion(subject.Raw, tree);
-    else if (test == OtherRoute)
+    else if (isChosen(Thorough::OtherRoute))
         CheckOthers(subject, tree);
-    if (subject.Kind == WithNewest)
-        CheckHandles(tree);
 }
 
 } // namespace Properties

@@ -9,17 +9,21 @@
 
 namespace Properties {
 
+/// How much of an input is tested.
+enum class Effort {
+    Usual, ///< one look at each node; more, as copies and other routes, with one input in 64, by its bytes
+    Whole, ///< everything
+};
+
 /// Tests an input:
 ///
 ///   offset  width  use
 ///   0       1      bits 1:0 route: 0 an image, 1 an image or a dump that is read with the newest catalogue,
 ///                  2 the firmware's raw block, 3 the BIOS segment
-///                  bits 3:2 what is tested beside the nodes: 0 subtrees, 1 copies, 2 a second reading,
-///                  3 another route or version
 ///                  bits 7:4 of a block, by how many times 16 bytes the firmware tells too large a size; of
 ///                  a segment, the number of the Map call that fails, 0 none
 ///   1              the image, dump or block; of a segment two bytes, little-endian, where the rest stands
 ///                  in it, whose checksum is made to hold; from its byte 32 on the rest is the table too
-void Check(const unsigned char* data, std::size_t size);
+void Check(const unsigned char* data, std::size_t size, Effort effort);
 
 } // namespace Properties

@@ -10,10 +10,12 @@
 
 namespace Seeds {
 
-/// The images of a file's cases, as far as their trees are small enough for a fuzzer.
+constexpr std::size_t LargestImage = 65'535;
+
+/// The images of a file's cases, as far as an object takes them.
 std::vector<Images::Bytes> ImagesOf(const std::string& file);
 
-/// The image as an input for each route, as Properties.h has it, with the control bits `test`.
-std::vector<Images::Bytes> InputsOf(const Images::Bytes& image, unsigned int test);
+/// The image as an input for each route, as Properties.h has it.
+std::vector<Images::Bytes> InputsOf(const Images::Bytes& image);
 
 } // namespace Seeds

@@ -4,6 +4,6 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
-    Properties::Check(data, size);
+    Properties::Check(data, size, Properties::Effort::Usual);
     return 0;
 }
