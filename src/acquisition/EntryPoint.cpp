@@ -92,11 +92,6 @@ Bytes Begin(const Form& form, Version version, std::size_t tableAddress, std::si
 
 } // namespace
 
-bool HasAnchor(const unsigned char* bytes)
-{
-    return std::memcmp(bytes, Form32.Anchor.data(), AnchorSize) == 0;
-}
-
 std::size_t FindAnchor(const unsigned char* bytes, std::size_t size, std::size_t start)
 {
     while (start + AnchorSize <= size) {
@@ -105,7 +100,7 @@ std::size_t FindAnchor(const unsigned char* bytes, std::size_t size, std::size_t
         if (found == nullptr)
             break;
         start = static_cast<std::size_t>(static_cast<const unsigned char*>(found) - bytes);
-        if (HasAnchor(bytes + start))
+        if (AsText(bytes + start, AnchorSize) == Form32.Anchor)
             return start;
         ++start;
     }

@@ -36,9 +36,6 @@ constexpr std::size_t SizeWithVersion = 0x08;
 /// Bytes of the 32-bit form up to the end of the table address.
 constexpr std::size_t SizeWithTable = 0x1C;
 
-/// Whether the anchor of the 32-bit form stands at `bytes`, of which four are readable.
-bool HasAnchor(const unsigned char* bytes);
-
 /// The offset of the first anchor of the 32-bit form from `start` on; `size` where there is none.
 std::size_t FindAnchor(const unsigned char* bytes, std::size_t size, std::size_t start = 0);
 

@@ -20,10 +20,12 @@ constexpr std::size_t ScanStep = 4;
 // The first entry point of which all that is read lies in the segment; null where there is none.
 const unsigned char* FindEntryPoint(const unsigned char* segment)
 {
-    for (std::size_t offset = 0; offset + EntryPoint::SizeWithTable <= SegmentLength; offset += ScanStep) {
+    std::size_t offset = EntryPoint::FindAnchor(segment, SegmentLength);
+    while (offset + EntryPoint::SizeWithTable <= SegmentLength) {
         const unsigned char* const candidate = segment + offset;
-        if (EntryPoint::HasAnchor(candidate) && offset + candidate[EntryPoint::LengthOffset] <= SegmentLength)
+        if (offset % ScanStep == 0 && offset + candidate[EntryPoint::LengthOffset] <= SegmentLength)
             return candidate;
+        offset = EntryPoint::FindAnchor(segment, SegmentLength, offset + 1);
     }
     return nullptr;
 }
