@@ -1,7 +1,6 @@
 #include "Properties.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -70,9 +69,9 @@ ObjectOwner TryMakeLive(const Machine& machine)
     return object;
 }
 
-bool IsBlock(const std::string& path)
+bool IsBlock(std::string_view path)
 {
-    return path.find("/SPD_RAW") != std::string::npos;
+    return path.find("/SPD_RAW") != std::string_view::npos;
 }
 
 // A tree without what a live object alone reads.
@@ -188,34 +187,27 @@ void CheckCopies(SMBIOSProtocolImpl& object, const SearchResult& tree, const Obj
     Require(AreEqual(Everything(object), tree), "a source outlives its copies");
 }
 
-unsigned char* FirstAnchor(Bytes& segment)
-{
-    for (std::size_t offset = 0; offset + 28 <= segment.size(); offset += 4) {
-        if (std::equal(&segment[offset], &segment[offset + 4], "_SM_"))
-            return &segment[offset];
-    }
-    return nullptr;
-}
-
 Machine MachineOfSegment(const unsigned char* data, std::size_t size, unsigned int failing)
 {
-    constexpr std::size_t TableOffset = 32;
+    constexpr std::size_t TableOffset = 32, LongestEntryPoint = 255, SizeWithTable = 28;
     Machine machine;
     machine.FailingMap = failing;
-    const std::size_t offset =
-        size < 2 ? 0 : static_cast<std::size_t>(data[0] | data[1] << 8) % SegmentLength;
+    const std::size_t start = size < 2 ? 0 : static_cast<std::size_t>(data[0] | data[1] << 8) % SegmentLength;
     const Bytes rest(data + std::min<std::size_t>(size, 2), data + size);
-    Bytes segment(SegmentLength, 0xFF);
-    std::copy_n(rest.begin(), std::min(rest.size(), SegmentLength - offset), &segment[offset]);
-    if (unsigned char* const anchor = FirstAnchor(segment)) {
+    Bytes& segment = machine.Memory[FakeSystem::SegmentAddress + start] = rest;
+    segment.resize(std::min(rest.size() + LongestEntryPoint, SegmentLength - start), 0xFF);
+    for (std::size_t at = -start % 4; at + SizeWithTable <= segment.size(); at += 4) {
+        unsigned char* const anchor = &segment[at];
+        if (!std::equal(anchor, anchor + 4, "_SM_"))
+            continue;
+        const std::size_t summed = std::min<std::size_t>(anchor[5], segment.size() - at);
+        anchor[4] = static_cast<unsigned char>(anchor[4] - std::accumulate(anchor, anchor + summed, 0U));
         const auto address = static_cast<std::uint32_t>(anchor[24] | anchor[25] << 8 | anchor[26] << 16) |
                              static_cast<std::uint32_t>(anchor[27]) << 24;
         const auto table = static_cast<std::ptrdiff_t>(std::min(rest.size(), TableOffset));
         machine.Memory[address].assign(rest.begin() + table, rest.end());
-        const std::ptrdiff_t summed = std::min<std::ptrdiff_t>(anchor[5], &segment.back() - anchor);
-        anchor[4] = static_cast<unsigned char>(anchor[4] - std::accumulate(anchor, anchor + summed, 0U));
+        break;
     }
-    machine.Memory[FakeSystem::SegmentAddress] = segment;
     return machine;
 }
 
@@ -304,10 +296,10 @@ public:
 
     void CheckCounts() const
     {
-        for (unsigned int type = 0; Known && type < Counts.size(); ++type) {
-            const unsigned int count = Counts[type];
-            const bool isIndexed = Object.Find(Path(type) + "[1]") || Object.Find(Path(type) + "[2]");
-            Require(!isIndexed || (NodeOf({type, count}) && !NodeOf({type, count + 1})),
+        for (const auto& [type, count] : Counts) {
+            const std::string path = Path(type);
+            const bool isIndexed = Object.Find(path + "[1]") || Object.Find(path + "[2]");
+            Require(!Known || !isIndexed || (NodeOf({type, count}) && !NodeOf({type, count + 1})),
                     "each structure has its node");
         }
     }
@@ -335,7 +327,7 @@ public:
         if (!node)
             return;
         for (const NodeView field : node.DistinctChildren()) {
-            if (!field.IsLeaf())
+            if (!field.IsLeaf() || IsBlock(field.Path()))
                 continue;
             const NodeView same = Below(link, field.Path().substr(node.Path().size()));
             Require(same && same.IsLeaf() && same.Value() == field.Value(),
@@ -384,7 +376,7 @@ private:
     {
         const std::string path = Path(structure.Type);
         const NodeView indexed = Object.Find(path + "[" + std::to_string(structure.Number) + "]");
-        const bool isAlone = Newest || Counts[structure.Type] == 1;
+        const bool isAlone = Newest || Counts.at(structure.Type) == 1;
         return !indexed && isAlone && structure.Number == 1 ? Object.Find(path) : indexed;
     }
 
@@ -392,9 +384,9 @@ private:
     bool Newest;
     bool Known;
     bool AreDistinct = true;
-    std::map<unsigned int, Structure> ByHandle; ///< the last of each
-    std::array<unsigned int, 256> Counts{};     ///< by type
-    std::vector<unsigned int> Arrays;           ///< their handles
+    std::map<unsigned int, Structure> ByHandle;  ///< the last of each
+    std::map<unsigned int, unsigned int> Counts; ///< by type
+    std::vector<unsigned int> Arrays;            ///< their handles
 };
 
 // One look at each node.
