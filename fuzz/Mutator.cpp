@@ -4,7 +4,7 @@
 #include "samples/Image.h"
 
 #include <algorithm>
-#include <map>
+#include <iterator>
 #include <numeric>
 #include <random>
 #include <string_view>
@@ -17,9 +17,12 @@ using Images::Bytes;
 
 constexpr std::size_t HeaderSize = 4, LengthOffset = 1, HandleOffset = 2;
 
-/// By type, where a structure names others by handle.
-const std::map<unsigned int, std::vector<std::size_t>> References = {{4, {26, 28, 30}}, {7, {}},  {16, {11}},
-                                                                     {17, {4, 6}},      {18, {}}, {132, {}}};
+/// Types that name others by handle, or are named, and the places of such names.
+constexpr unsigned char LinkedTypes[] = {4, 7, 16, 17, 18, 132};
+constexpr struct {
+    unsigned char Type;
+    unsigned char Offset;
+} References[] = {{4, 26}, {4, 28}, {4, 30}, {16, 11}, {17, 4}, {17, 6}};
 
 class Mutator {
 public:
@@ -40,13 +43,12 @@ public:
     {
         for (std::size_t left = 1 + Below(3); left > 0; --left)
             ChangeOne();
-        const bool isBlock = Front.size() == BlockFront;
         Bytes table;
         for (const Bytes& structure : Structures)
             table = Images::Join(std::move(table), structure);
         table = Images::Join(std::move(table), Rest);
-        if (isBlock && Below(4) != 0)
-            SetWord(Front, 5, table.size());
+        if (Front.size() == BlockFront && Below(4) != 0)
+            SetWord(Front, BlockLength, table.size());
         Bytes input = Images::Join(Front, table);
         if (Below(4) != 0)
             Balance(input);
@@ -54,7 +56,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t BlockFront = 9, DumpFront = 33, SegmentFront = 35;
+    static constexpr std::size_t BlockFront = 9, BlockLength = 5, DumpFront = 33, SegmentFront = 35;
 
     // What a route has ahead of the table.
     std::size_t FrontSize() const
@@ -81,57 +83,40 @@ private:
             bytes[i] = static_cast<unsigned char>(value);
     }
 
-    void Insert(const Bytes& structure)
+    // The place of a handle: of the structure's own, of one that it may name, or anywhere.
+    std::size_t HandleIn(const Bytes& structure)
     {
-        Structures.insert(Structures.begin() + static_cast<std::ptrdiff_t>(Below(Structures.size() + 1)),
-                          structure);
-    }
-
-    Bytes NewStructure()
-    {
-        const auto type =
-            std::next(References.begin(), static_cast<std::ptrdiff_t>(Below(References.size())));
-        Images::Structure structure(static_cast<unsigned char>(type->first),
-                                    static_cast<std::uint16_t>(1 + Below(9)));
-        for (std::size_t left = Below(48); left > 0; --left)
-            structure.Number(Below(4) == 0 ? Below(256) : Below(3), 1);
-        return structure.Finished();
-    }
-
-    // The structure's own handle, or one by which it names another.
-    std::size_t OffsetOfHandle(const Bytes& structure)
-    {
-        const auto known = References.find(structure[0]);
-        if (Below(4) == 0)
-            return HandleOffset;
-        if (known == References.end() || known->second.empty() || Below(4) == 0)
-            return Below(structure.size() - 1);
-        return known->second[Below(known->second.size())];
+        const auto& reference = References[Below(std::size(References))];
+        if (reference.Type == structure[0] && reference.Offset + 2U <= structure.size())
+            return reference.Offset;
+        return Below(2) == 0 ? HandleOffset : Below(structure.size() - 1);
     }
 
     void ChangeOne()
     {
         if (Structures.empty())
-            return Insert(NewStructure());
+            Structures.push_back({0, HeaderSize, 1, 0, 0, 0});
         Bytes& one = Any();
-        Bytes& other = Any();
+        const Bytes& other = Any();
+        const auto place = Structures.begin() + static_cast<std::ptrdiff_t>(Below(Structures.size() + 1));
         switch (Below(8)) {
         case 0:
-            return Insert(NewStructure());
+            Structures.insert(place, Bytes(one));
+            break;
         case 1:
-            return Insert(Bytes(one));
+            one[0] = LinkedTypes[Below(std::size(LinkedTypes))];
+            break;
         case 2:
             Structures.erase(Structures.begin() + (&one - Structures.data()));
-            return;
+            break;
         case 3:
             one[LengthOffset] = static_cast<unsigned char>(one[LengthOffset] + Below(9) - 4);
-            return;
+            break;
         case 4:
-            std::swap(one[HandleOffset], other[HandleOffset]);
-            std::swap(one[HandleOffset + 1], other[HandleOffset + 1]);
-            return;
+            std::swap_ranges(one.data() + HandleOffset, one.data() + HeaderSize, Any().data() + HandleOffset);
+            break;
         default:
-            SetWord(one, OffsetOfHandle(one), other[HandleOffset] | other[HandleOffset + 1] << 8);
+            SetWord(one, HandleIn(one), other[HandleOffset] | other[HandleOffset + 1] << 8);
         }
     }
 

@@ -25,7 +25,7 @@ using Protocol::SMBIOS::TableImage;
 enum Route : unsigned int { Image = 0, WithNewest = 1, Block = 2, Segment = 3 };
 
 /// What costs many times a construction and a look. The fuzzer does each with one input of so many.
-enum class Thorough : std::size_t { Subtrees, Copies, SecondReading, OtherRoute };
+enum Thorough : std::size_t { Subtrees, Copies, SecondReading, OtherRoute };
 constexpr std::size_t InputsForEach = 256;
 
 /// Beyond them, subtrees and copies are not compared, and nothing else either: that would cost more than it
@@ -33,6 +33,7 @@ constexpr std::size_t InputsForEach = 256;
 constexpr std::size_t LargestSmallTree = 1'000;
 constexpr std::size_t LargestThoroughTree = 3'000;
 
+/// The fields that name another structure by its handle, which is then decoded below them.
 constexpr std::string_view LinkNames[] = {"L1CacheHandle", "L2CacheHandle", "L3CacheHandle",
                                           "MemoryErrorInfoHandle"};
 
@@ -92,6 +93,7 @@ void CheckView(const SMBIOSProtocolImpl& object, const std::string& path, const 
     const NodeView view = object.Find(path);
     Require(view && view.Path() == path && view.IsLeaf() == (node.NodeType == NODE_LEAF),
             "a view shows its node");
+    Require(node.Attributes.empty() && node.Flag == 0, "attributes and flag are not used");
     std::vector<std::string> items, distinct, expected;
     std::set<std::string_view> seen;
     if (view.IsLeaf())
@@ -108,20 +110,6 @@ void CheckView(const SMBIOSProtocolImpl& object, const std::string& path, const 
         distinct.emplace_back(child.Path());
     Require(items == node.Items, "a view lists what its node lists");
     Require(distinct == expected, "distinct children stand where they were listed first");
-}
-
-void CheckNodes(const SearchResult& tree)
-{
-    Require(tree.count("/SMBIOS") == 1, "a tree has a root");
-    for (const auto& [path, node] : tree) {
-        Require(node.Attributes.empty() && node.Flag == 0, "attributes and flag are not used");
-        if (node.NodeType == NODE_LEAF) {
-            Require(!node.Items.empty(), "a leaf has a value");
-            continue;
-        }
-        for (const std::string& child : node.Items)
-            Require(tree.count(child) == 1, "a listed path has a node");
-    }
 }
 
 // A class derived from the library's, which sees each descent of a search.
@@ -251,21 +239,15 @@ struct Subject {
     }
 
     // Whether the bytes begin with an entry point, behind which a TableImage finds the table.
-    bool IsDump() const
-    {
-        const std::string front(
-            Raw.begin(), Raw.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(5, Raw.size())));
-        return front.rfind("_SM_", 0) == 0 || front == "_SM3_";
-    }
+    bool IsDump() const { return Raw.size() >= 3 && std::equal(&Raw[0], &Raw[3], "_SM"); }
 
     // The table on another route; nothing for a segment, whose table the machine's memory has.
     std::vector<Machine> Others() const
     {
         if (Kind == Segment || Kind == WithNewest)
             return {};
-        if (Kind == Block) {
+        if (Kind == Block)
             return {Machine::WithEntryPoint(Table(), Raw[1], Raw[2])};
-        }
         constexpr std::string_view Anchor = "_SM_";
         const auto entry = std::search(Raw.begin(), Raw.end(), Anchor.begin(), Anchor.end());
         return {Machine::WithBlock(Raw, entry[6], entry[7]),
@@ -408,9 +390,11 @@ private:
             Require(node.Value().find('\0') == std::string_view::npos, "a text has no NUL");
             return;
         }
-        const bool isLink = IsFollowed(node);
+        const bool isLink =
+            std::find(std::begin(LinkNames), std::end(LinkNames), node.Name()) != std::end(LinkNames) &&
+            !node.Children().empty();
         if (isLink)
-            Enter(node, node.Children()[0].Value());
+            Enter(node, node.Children()[0]);
         for (const NodeView child : node.DistinctChildren()) {
             Require(child.Path().size() > node.Path().size() &&
                         child.Path().substr(0, node.Path().size()) == node.Path(),
@@ -421,15 +405,11 @@ private:
             Way.pop_back();
     }
 
-    static bool IsFollowed(NodeView node)
-    {
-        return std::find(std::begin(LinkNames), std::end(LinkNames), node.Name()) != std::end(LinkNames) &&
-               !node.Children().empty() && node.Children()[0].Name() == "Handle";
-    }
-
-    void Enter(NodeView link, std::string_view handle)
+    void Enter(NodeView link, NodeView first)
     {
         constexpr std::size_t MostLinks = 4;
+        const std::string_view handle = first.Value();
+        Require(first.Name() == "Handle", "what a link leads to begins with its handle");
         Require(Way.size() < MostLinks, "at most four links are followed one behind the other");
         Require(!Table.HaveDistinctHandles() || std::find(Way.begin(), Way.end(), handle) == Way.end(),
                 "the handles along a way differ");
@@ -499,23 +479,19 @@ void Check(const unsigned char* data, std::size_t size, Effort effort)
 
     const std::size_t chosen =
         std::hash<std::string_view>()({reinterpret_cast<const char*>(data), size}) % InputsForEach;
-    const auto isChosen = [&](Thorough test) {
-        return effort == Effort::Whole || chosen == static_cast<std::size_t>(test);
-    };
-    if (treeSize > LargestThoroughTree ||
-        (effort == Effort::Usual && chosen > static_cast<std::size_t>(Thorough::OtherRoute)))
+    const auto isChosen = [&](Thorough test) { return effort == Effort::Whole || chosen == test; };
+    if (treeSize > LargestThoroughTree || (effort == Effort::Usual && chosen > OtherRoute))
         return;
     const SearchResult tree = Everything(*object);
-    CheckNodes(tree);
-    if (isChosen(Thorough::Subtrees) && isSmall)
+    if (isChosen(Subtrees) && isSmall)
         CheckSubtrees(*object, tree);
-    if (isChosen(Thorough::Copies) && isSmall)
+    if (isChosen(Copies) && isSmall)
         CheckCopies(*object, tree, Decoded(Images::Image(std::vector<Images::Structure>{})));
-    if (isChosen(Thorough::SecondReading))
+    if (isChosen(SecondReading))
         CheckSecondReading(subject, *object, tree);
-    if (isChosen(Thorough::OtherRoute) && subject.Kind == WithNewest)
+    if (isChosen(OtherRoute) && subject.Kind == WithNewest)
         CheckOtherVersion(subject.Raw, tree);
-    else if (isChosen(Thorough::OtherRoute))
+    else if (isChosen(OtherRoute))
         CheckOthers(subject, tree);
 }
 
