@@ -9,6 +9,9 @@
 
 namespace Properties {
 
+/// Ends the process where a property does not hold.
+void Require(bool holds, const char* property);
+
 /// How much of an input is tested.
 enum class Effort {
     Usual, ///< one look at each node; more, as copies and other routes, with one input in 64, by its bytes
