@@ -296,23 +296,25 @@ void Require(bool holds, const char* property)
     std::abort();
 }
 
-void Check(const unsigned char* data, std::size_t size, Effort effort)
+bool Check(const unsigned char* data, std::size_t size, Effort effort)
 {
     constexpr std::size_t LargestImage = 65'535;
     if (size < 1 || size > LargestImage + 1)
-        return;
+        return true;
     const Subject subject(data + 1, size - 1, data[0]);
     const ObjectOwner object = subject.Make();
     if (object == nullptr)
-        return;
+        return true;
     const std::size_t treeSize = Look(*object, subject.Table(), subject.Kind == WithNewest);
     const bool isSmall = treeSize <= LargestSmallTree;
 
     const std::size_t chosen =
         std::hash<std::string_view>()({reinterpret_cast<const char*>(data), size}) % InputsForEach;
     const auto isChosen = [&](Thorough test) { return effort == Effort::Whole || chosen == test; };
-    if (treeSize > LargestThoroughTree || (effort == Effort::Usual && chosen > OtherRoute))
-        return;
+    if (treeSize > LargestThoroughTree)
+        return false;
+    if (effort == Effort::Usual && chosen > OtherRoute)
+        return true;
     const SearchResult tree = Everything(*object);
     if (isChosen(Subtrees) && isSmall)
         CheckSubtrees(*object, tree);
@@ -324,6 +326,7 @@ void Check(const unsigned char* data, std::size_t size, Effort effort)
         CheckOtherVersion(subject.Raw, tree);
     else if (isChosen(OtherRoute))
         CheckOthers(subject, tree);
+    return true;
 }
 
 } // namespace Properties

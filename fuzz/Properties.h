@@ -27,6 +27,8 @@ enum class Effort {
 ///                  a segment, the number of the Map call that fails, 0 none
 ///   1              the image, dump or block; of a segment two bytes, little-endian, where the rest stands
 ///                  in it, whose checksum is made to hold; from its byte 32 on the rest is the table too
-void Check(const unsigned char* data, std::size_t size, Effort effort);
+///
+/// False where the tree is too large for more than the look at its nodes.
+bool Check(const unsigned char* data, std::size_t size, Effort effort);
 
 } // namespace Properties
