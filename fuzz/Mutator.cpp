@@ -33,9 +33,10 @@ public:
         const unsigned char gap[] = {0, 0};
         while (Rest.size() >= HeaderSize && Rest[0] != End && Rest[LengthOffset] <= Rest.size()) {
             const auto strings = std::search(Rest.begin() + Rest[LengthOffset], Rest.end(), gap, gap + 2);
-            if (strings == Rest.end() || strings + 2 - Rest.begin() < static_cast<std::ptrdiff_t>(HeaderSize))
+            const auto size = static_cast<std::size_t>(strings - Rest.begin()) + 2;
+            if (size > Rest.size() || size < HeaderSize)
                 break;
-            Structures.push_back(Taken(static_cast<std::size_t>(strings + 2 - Rest.begin())));
+            Structures.push_back(Taken(size));
         }
     }
 

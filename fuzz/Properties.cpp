@@ -224,11 +224,13 @@ struct Subject {
         block.resize(std::max<std::size_t>(block.size(), Live.QueriedSize)); // zeros behind the truth
         const std::size_t length = std::min<std::size_t>(static_cast<std::size_t>(block[4] | block[5] << 8),
                                                          block.size() - HeaderSize);
-        return {block.data() + HeaderSize, block.data() + HeaderSize + length};
+        block.erase(block.begin(), block.begin() + HeaderSize);
+        block.resize(length);
+        return block;
     }
 
     // Whether the bytes begin with an entry point, behind which a TableImage finds the table.
-    bool IsDump() const { return Raw.size() >= 3 && std::equal(&Raw[0], &Raw[3], "_SM"); }
+    bool IsDump() const { return Raw.size() > 3 && std::equal(Raw.begin(), Raw.begin() + 3, "_SM"); }
 
     // The table on another route; nothing for a segment, whose table the machine's memory has.
     std::vector<Machine> Others() const
