@@ -126,6 +126,7 @@ private:
     void IndexByHandle();   ///< all that the walk has found
 
     // tree: decodes every structure under its type, then those behind links
+    std::size_t ExpectedNodes() const; ///< about as many as the tree will have
     void FillSMBIOSDataTables();
     void FillSubTypeDataTables();
 

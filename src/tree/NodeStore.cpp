@@ -16,6 +16,12 @@ constexpr std::size_t SmallestBlock = std::size_t{4} * 1024;
 constexpr std::size_t LargestBlock = std::size_t{256} * 1024;
 constexpr std::size_t SmallestIndex = 1024; ///< slots; a power of two, as every later size is
 
+// How many nodes an index of `slots` takes.
+constexpr std::size_t RoomOf(std::size_t slots)
+{
+    return slots / 4 * 3;
+}
+
 // Takes eight characters at a time; the last eight may overlap those before.
 std::uint32_t HashOf(std::string_view text)
 {
@@ -99,8 +105,8 @@ TreeNode* NodeStore::Find(std::string_view path) const
 
 std::uint32_t NodeStore::FindOrAdd(std::string_view first, std::string_view second, std::string_view third)
 {
-    if (4 * Nodes.Size() >= 3 * Slots.size())
-        GrowIndex();
+    if (Nodes.Size() >= RoomOf(Slots.size()))
+        GrowIndex(std::max(SmallestIndex, 2 * Slots.size()));
     const std::string_view path = Join(first, second, third);
     const std::uint32_t hash = HashOf(path);
     Slot& slot = Slots[SlotOf(path, hash)];
@@ -125,9 +131,18 @@ std::size_t NodeStore::SlotOf(std::string_view path, std::uint32_t hash) const
     }
 }
 
-void NodeStore::GrowIndex()
+void NodeStore::Reserve(std::size_t nodeCount)
 {
-    std::vector<Slot> grown(std::max(SmallestIndex, 2 * Slots.size()));
+    std::size_t size = std::max(SmallestIndex, Slots.size());
+    while (RoomOf(size) < nodeCount)
+        size *= 2;
+    if (size > Slots.size())
+        GrowIndex(size);
+}
+
+void NodeStore::GrowIndex(std::size_t size)
+{
+    std::vector<Slot> grown(size);
     const std::size_t mask = grown.size() - 1;
     for (const Slot& slot : Slots) {
         if (slot.Number == 0)

@@ -101,6 +101,9 @@ public:
     /// How many nodes there are.
     std::size_t Size() const { return Nodes.Size(); }
 
+    /// Makes room in the index for so many nodes in all, ahead of them.
+    void Reserve(std::size_t nodeCount);
+
     /// Lists the node with the number `child` as the last child of `parent`.
     void List(TreeNode& parent, std::uint32_t child);
 
@@ -138,7 +141,7 @@ private:
     std::string_view Join(std::string_view first, std::string_view second, std::string_view third);
     void AddBlock(std::size_t size);
     std::size_t SlotOf(std::string_view path, std::uint32_t hash) const;
-    void GrowIndex();
+    void GrowIndex(std::size_t size);
 
     StableList<TreeNode> Nodes;
     std::vector<Slot> Slots;      ///< by hash; a node that finds its slot taken goes to the next free one

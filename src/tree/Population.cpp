@@ -2,12 +2,21 @@
 // handle, each under the field that names it.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "SMBIOSProtocol/TreeTooLarge.h"
+#include "tree/NodeStore.h"
+
+#include <algorithm>
 
 namespace Protocol::SMBIOS {
 
 namespace {
 
 constexpr std::size_t MaxLinkDepth = 4;
+constexpr std::size_t WritesOfANode = 2; // listed, then stored
+
+/// A field's own node, those of its bits or parts, and the copies of all in the inventories.
+constexpr std::size_t NodesOfAField = 3;
+
 constexpr std::size_t FromTable = static_cast<std::size_t>(-1);
 
 // Whether link `index` leads on: not back to a handle already followed on the way to it, and not too deep.
@@ -26,8 +35,17 @@ bool MayFollow(std::size_t index, const std::vector<SubTypeLink>& links,
 
 } // namespace
 
+std::size_t SMBIOSProtocolImpl::ExpectedNodes() const
+{
+    std::size_t fieldCount = 0;
+    for (const auto& [type, table] : TypeTables)
+        fieldCount += table.Instances.size() * table.Definition->Fields.size();
+    return std::min<std::size_t>(NodesOfAField * fieldCount, TreeTooLarge::MaxWrites / WritesOfANode);
+}
+
 void SMBIOSProtocolImpl::FillSMBIOSDataTables()
 {
+    ResultNodes->Reserve(ExpectedNodes());
     for (const unsigned char type : CataloguedTypes())
         SMBiosDataTable(RootPath + "/Type" + std::to_string(type), type, 0);
 }
