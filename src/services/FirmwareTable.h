@@ -2,10 +2,18 @@
 
 #pragma once
 
+#include <cstddef>
+
 namespace Protocol::SMBIOS::Firmware {
 
 /// The provider of the raw SMBIOS block: 'RSMB'.
 constexpr unsigned long RawSmbiosProvider = 0x52534D42;
+
+/// Where the raw SMBIOS block has the version, four bytes with the length of the table, and the table.
+constexpr std::size_t MajorVersionOffset = 0x01;
+constexpr std::size_t MinorVersionOffset = 0x02;
+constexpr std::size_t LengthOffset = 0x04;
+constexpr std::size_t TableOffset = 0x08;
 
 /// Copies the provider's block `table` into `buffer` and gives its length in bytes. Gives the length alone
 /// where `buffer` is null or `size` too small, and 0 on failure, with GetLastError telling why.

@@ -19,7 +19,6 @@ namespace {
 
 constexpr const char* EntryPointFile = "/sys/firmware/dmi/tables/smbios_entry_point";
 constexpr const char* TableFile = "/sys/firmware/dmi/tables/DMI";
-constexpr std::size_t HeaderSize = 8;
 
 thread_local int LastError = 0;
 
@@ -62,18 +61,18 @@ bool ReadVersion(const Bytes& entryPoint, unsigned char* version)
 Bytes ReadBlock()
 {
     Bytes entryPoint;
-    Bytes block(HeaderSize);
+    Bytes block(TableOffset);
     if (!ReadFile(EntryPointFile, entryPoint) || !ReadFile(TableFile, block)) {
         LastError = errno;
         return {};
     }
-    if (!ReadVersion(entryPoint, &block[1])) {
+    if (!ReadVersion(entryPoint, &block[MajorVersionOffset])) {
         LastError = EBADMSG;
         return {};
     }
-    const std::size_t length = block.size() - HeaderSize;
+    const std::size_t length = block.size() - TableOffset;
     for (std::size_t i = 0; i < 4; ++i)
-        block[4 + i] = static_cast<unsigned char>(length >> 8 * i);
+        block[LengthOffset + i] = static_cast<unsigned char>(length >> 8 * i);
     return block;
 }
 

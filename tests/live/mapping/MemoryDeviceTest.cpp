@@ -14,10 +14,10 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-namespace {
+using OS::Driver::ScanAddress;
+using OS::Driver::ScanLength;
 
-constexpr unsigned long ScanAddress = 0xF0000;
-constexpr unsigned int ScanLength = 65534;
+namespace {
 
 #if defined(__x86_64__) || defined(__i386__)
 constexpr bool IsX86 = true;
@@ -34,6 +34,7 @@ struct Kernel {
 
 Kernel kernel;
 int opened = 0; // how often the device was
+int mapped = 0; // ranges, less those given back
 
 unsigned char ByteAt(unsigned long address)
 {
@@ -51,6 +52,7 @@ int Fails(int error)
 extern "C" {
 int __real_open(const char* path, int flags, ...);
 void* __real_mmap(void*, std::size_t, int, int, int, off_t);
+int __real_munmap(void*, std::size_t);
 
 int __wrap_open(const char* path, int flags, ...)
 {
@@ -67,11 +69,18 @@ void* __wrap_mmap(void* wish, std::size_t length, int protection, int flags, int
         return __real_mmap(wish, length, protection, flags, file, address);
     if (Fails(kernel.Map) != 0)
         return MAP_FAILED;
+    ++mapped;
     void* const pages =
         __real_mmap(nullptr, length, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     for (std::size_t i = 0; i < length; ++i)
         static_cast<unsigned char*>(pages)[i] = ByteAt(static_cast<unsigned long>(address) + i);
     return pages;
+}
+
+int __wrap_munmap(void* start, std::size_t length)
+{
+    --mapped;
+    return __real_munmap(start, length);
 }
 
 // At most 100 bytes at a time. The error comes with the second page, as a range may reach into one that is
@@ -163,6 +172,7 @@ TEST(MemoryDevice, GivesARangeRefusesItOrIsNotThere)
         EXPECT_EQ(Offered(0xFFF, 300), row.Offer) << row.Name;
         EXPECT_EQ(Mapped(0xFFF, 300), row.Block) << row.Name;
         EXPECT_EQ(Mapped(ScanAddress, ScanLength), row.Scan) << row.Name;
+        EXPECT_EQ(mapped, 0) << row.Name;
     }
 }
 
