@@ -69,9 +69,11 @@ public:
         using iterator_category = std::input_iterator_tag; ///< for algorithms
         using value_type = NodeView;                       ///< for algorithms
         using difference_type = std::ptrdiff_t;            ///< for algorithms
-        using pointer = const NodeView*;                   ///< for algorithms
+        using pointer = void;                              ///< for algorithms
         using reference = NodeView;                        ///< for algorithms
 
+        /// Compares with others like it alone.
+        Iterator() noexcept = default;
         /// The node here.
         NodeView operator*() const noexcept { return NodeView(*Place); }
         /// Goes to the next node.
@@ -91,7 +93,7 @@ public:
         friend class NodeRange;
         explicit Iterator(const TreeNode* const* place) noexcept : Place(place) {}
 
-        const TreeNode* const* Place;
+        const TreeNode* const* Place = nullptr;
     };
 
     Iterator begin() const noexcept { return Iterator(First); }       ///< the first node

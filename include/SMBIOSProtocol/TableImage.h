@@ -61,8 +61,9 @@ public:
 
     /// Writes a dump that FromFile and other programs read: a new file with the entry point at 0, the table
     /// at 32. The entry point is of the 32-bit form for versions below 3.0 and tables of at most 65,535
-    /// bytes, else of the 64-bit form, unless that would lose the bytes behind the table's end structure. A
-    /// write that fails leaves no file. Codes: 2108 the file exists, 2109 it cannot be written.
+    /// bytes, else of the 64-bit form. That form loses the bytes behind the table's end structure: a table
+    /// with such bytes is saved in the 32-bit form wherever its size allows. A write that fails leaves no
+    /// file. Codes: 2108 the file exists, 2109 it cannot be written.
     void Save(const std::filesystem::path& file) const;
 
 private:

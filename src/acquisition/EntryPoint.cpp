@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 #include <numeric>
 #include <string_view>
 
@@ -62,11 +61,8 @@ std::uint64_t LittleEndian(const unsigned char* bytes, std::size_t size, std::si
     return value;
 }
 
-// What does not fit becomes the most that does.
 void PutLittleEndian(Bytes& bytes, std::size_t offset, std::size_t width, std::uint64_t value)
 {
-    const std::uint64_t most = std::numeric_limits<std::uint64_t>::max() >> (64 - 8 * width);
-    value = std::min(value, most);
     for (std::size_t i = 0; i < width; ++i)
         bytes[offset + i] = static_cast<unsigned char>(value >> 8 * i);
 }

@@ -85,8 +85,7 @@ void RewriteVersion(Bytes& bytes, Version version);
 /// The shortest 32-bit entry point that gives a version.
 Bytes Shortest(Version version);
 
-/// A whole 32-bit entry point of a table at `tableAddress`. The sizes and the count fit their fields, or the
-/// most that their fields hold stands there.
+/// A whole 32-bit entry point of a table at `tableAddress`, of at most 65,535 bytes.
 Bytes Whole32(Version version, std::size_t tableAddress, std::size_t tableLength,
               std::size_t largestStructure, std::size_t structureCount);
 

@@ -1,16 +1,11 @@
-// The raw SMBIOS block of the operating system:
-//
-//   offset  width  field
-//   01h     1      SMBIOS major version
-//   02h     1      SMBIOS minor version
-//   04h     4      length of the table, little-endian; its low 16 bits count
-//   08h            the table
+// The operating system's raw SMBIOS block. Of the length of its table the low 16 bits count.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "acquisition/EntryPoint.h"
 #include "services/Failure.h"
 #include "services/FirmwareTable.h"
 #include "services/LockedMap.h"
+#include "structures/LittleEndian.h"
 #include "tree/NodeStore.h"
 
 #include <algorithm>
@@ -20,11 +15,6 @@
 namespace Protocol::SMBIOS {
 
 namespace {
-
-constexpr std::size_t MajorVersionOffset = 0x01;
-constexpr std::size_t MinorVersionOffset = 0x02;
-constexpr std::size_t LengthOffset = 0x04;
-constexpr std::size_t HeaderSize = 0x08;
 
 struct Free {
     void operator()(unsigned char* block) const { std::free(block); }
@@ -53,7 +43,7 @@ void SMBIOSProtocolImpl::ReadRawFirmwareBlock()
         RaiseFailure(RESULT_OUT_OF_MEMORY);
     }
     // A block without room for its header is no better than none.
-    if (GetRawSmbiosData(staging.get(), size) != 0 || size < HeaderSize) {
+    if (GetRawSmbiosData(staging.get(), size) != 0 || size < Firmware::TableOffset) {
         Log(__LINE__, "Failed to get Raw SMBIOS Data");
         RaiseFailure(RESULT_NO_TABLE);
     }
@@ -69,11 +59,11 @@ void SMBIOSProtocolImpl::ReadRawFirmwareBlock()
 
     // The length is the firmware's word: it does not reach beyond the block.
     const std::size_t length =
-        static_cast<std::size_t>(RawTableBuffer[LengthOffset] | RawTableBuffer[LengthOffset + 1] << 8);
-    TableBase = RawTableBuffer + HeaderSize;
-    TableLength = static_cast<unsigned short>(std::min<std::size_t>(length, size - HeaderSize));
-    SMBiosVersion =
-        EntryPoint::VersionText(RawTableBuffer[MajorVersionOffset], RawTableBuffer[MinorVersionOffset]);
+        static_cast<std::size_t>(LittleEndian(RawTableBuffer + Firmware::LengthOffset, 2));
+    TableBase = RawTableBuffer + Firmware::TableOffset;
+    TableLength = static_cast<unsigned short>(std::min<std::size_t>(length, size - Firmware::TableOffset));
+    SMBiosVersion = EntryPoint::VersionText(RawTableBuffer[Firmware::MajorVersionOffset],
+                                            RawTableBuffer[Firmware::MinorVersionOffset]);
 }
 
 // A size query where `buffer` is null and `size` 0: `size` becomes the block's size, and the result means

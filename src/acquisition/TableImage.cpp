@@ -71,16 +71,16 @@ EntryPoint::Facts ReadEntryPoint(const Bytes& bytes)
 // Cuts off what does not belong to the table. Gives whether what is left is known to be all of it.
 bool Trim(Bytes& table, const EntryPoint::Facts& facts)
 {
-    const bool isShort = table.size() < facts.TableLength;
-    if (isShort && facts.IsLengthExact)
-        RaiseCutOff(table, facts);
+    // Of a table longer than any that can be read, no more may be here.
+    const bool isShort = table.size() < std::min(facts.TableLength, TableImage::MaxTableSize);
     table.resize(std::min(table.size(), facts.TableLength));
-    if (facts.IsLengthExact)
+    if (facts.IsLengthExact && !isShort)
         return true;
     const Extent extent = ExtentOf(table);
     if (isShort && extent.Size == 0)
         RaiseCutOff(table, facts);
-    if (extent.Size != 0)
+    // Linux publishes no more than the structures that it counts; behind the end structure there can be some.
+    if (extent.Size != 0 && !facts.IsLengthExact)
         table.resize(extent.Size);
     return extent.HasEnd;
 }
@@ -196,7 +196,8 @@ TableImage TableImage::As(int major, int minor) const
     TableImage image = *this;
     image.MajorVersion = static_cast<unsigned char>(major);
     image.MinorVersion = static_cast<unsigned char>(minor);
-    EntryPoint::RewriteVersion(image.Behind, {image.MajorVersion, image.MinorVersion});
+    if (!Behind.empty()) // as it is once the image was moved from
+        EntryPoint::RewriteVersion(image.Behind, {image.MajorVersion, image.MinorVersion});
     return image;
 }
 

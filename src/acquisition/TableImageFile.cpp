@@ -150,8 +150,7 @@ void TableImage::Save(const fs::path& file) const
     const int error = Write(std::move(target), dump);
     if (error == 0)
         return;
-    std::error_code ignored;
-    fs::remove(file, ignored);
+    Files::Discard(file);
     RaiseNotWritten(error);
 }
 

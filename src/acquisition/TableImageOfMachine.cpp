@@ -1,12 +1,5 @@
-// The running machine's table, of its whole length: from the operating system's raw SMBIOS block
-//
-//   offset  width  field
-//   01h     1      SMBIOS major version
-//   02h     1      SMBIOS minor version
-//   04h     4      length of the table, little-endian
-//   08h            the table
-//
-// and where there is none, through an entry point in the BIOS segment of physical memory.
+// The running machine's table, of its whole length: from the operating system's raw SMBIOS block, and where
+// there is none, through an entry point in the BIOS segment of physical memory.
 
 #include "SMBIOSProtocol/ResultStatus.h"
 #include "SMBIOSProtocol/TableImage.h"
@@ -14,6 +7,8 @@
 #include "services/Failure.h"
 #include "services/FirmwareTable.h"
 #include "services/LockedMap.h"
+#include "services/MemMapDriverImpl.h"
+#include "structures/LittleEndian.h"
 
 #include <algorithm>
 #include <optional>
@@ -27,14 +22,7 @@ namespace {
 
 using Bytes = EntryPoint::Bytes;
 
-constexpr std::size_t MajorVersionOffset = 0x01;
-constexpr std::size_t MinorVersionOffset = 0x02;
-constexpr std::size_t LengthOffset = 0x04;
-constexpr std::size_t HeaderSize = 0x08;
-
 constexpr const char* Function = "Protocol::SMBIOS::TableImage::OfThisMachine";
-constexpr unsigned long SegmentAddress = 0xF0000;
-constexpr unsigned int SegmentLength = 65534;
 
 // Entry points are sought on 4-byte steps, not the standard's 16: some firmware shifts them.
 constexpr std::size_t ScanStep = 4;
@@ -60,13 +48,12 @@ Bytes PublishedBlock()
 // room for its header.
 Bytes TableOf(const Bytes& block)
 {
-    if (block.size() < HeaderSize)
+    using namespace Firmware;
+    if (block.size() < TableOffset)
         return {};
-    std::size_t length = 0;
-    for (std::size_t i = 4; i-- > 0;)
-        length = length << 8 | block[LengthOffset + i];
-    const auto table = block.begin() + HeaderSize;
-    return {table, table + static_cast<std::ptrdiff_t>(std::min(length, block.size() - HeaderSize))};
+    const auto length = static_cast<std::size_t>(LittleEndian(&block[LengthOffset], 4));
+    const auto table = block.begin() + TableOffset;
+    return {table, table + static_cast<std::ptrdiff_t>(std::min(length, block.size() - TableOffset))};
 }
 
 Bytes Mapped(unsigned long address, unsigned int length)
@@ -126,9 +113,10 @@ TableImage TableImage::OfThisMachine()
     const unsigned long error = Firmware::GetLastError();
     Bytes published = TableOf(block);
     if (!published.empty())
-        return FromTable(std::move(published), block[MajorVersionOffset], block[MinorVersionOffset]);
+        return FromTable(std::move(published), block[Firmware::MajorVersionOffset],
+                         block[Firmware::MinorVersionOffset]);
 
-    const Located found = FindEntryPoint(Mapped(SegmentAddress, SegmentLength), error);
+    const Located found = FindEntryPoint(Mapped(OS::Driver::ScanAddress, OS::Driver::ScanLength), error);
     return FromParts(found.EntryPoint,
                      Mapped(static_cast<unsigned long>(found.Facts.TableAddress),
                             static_cast<unsigned int>(std::min(found.Facts.TableLength, MaxTableSize))));

@@ -1,9 +1,8 @@
 // The packed words of a cache.
 //
 //   MaxCacheSize, InstalledSize   bits 14:0 size, bit 15 its unit
-//   CacheConfiguration            bits 2:0 level less 1, bit 3 socketed, bits 6:5 location, bit 7 enabled at
-//   boot,
-//                                 bits 9:8 operation mode
+//   CacheConfiguration            bits 2:0 level less 1, bit 3 socketed, bits 6:5 location,
+//                                 bit 7 enabled at boot, bits 9:8 operation mode
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "tree/NodeStore.h"

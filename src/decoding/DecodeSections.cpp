@@ -8,7 +8,7 @@
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "catalogue/Definition.h"
-#include "decoding/LittleEndian.h"
+#include "structures/LittleEndian.h"
 #include "tree/NodeStore.h"
 
 #include <algorithm>

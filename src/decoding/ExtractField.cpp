@@ -1,7 +1,7 @@
 // One field's bytes as text.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
-#include "decoding/LittleEndian.h"
+#include "structures/LittleEndian.h"
 
 #include <charconv>
 #include <cstdint>

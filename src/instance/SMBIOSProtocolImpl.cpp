@@ -74,6 +74,8 @@ void SMBIOSProtocolImpl::Finish()
     decltype(SubTypeLinks)().swap(SubTypeLinks);
     decltype(ValidSubTypes)().swap(ValidSubTypes);
     decltype(TypeTables)().swap(TypeTables);
+    TableBase = nullptr;
+    TableLength = 0;
     ResultNodes->OrderChildren();
 }
 
@@ -81,8 +83,6 @@ void SMBIOSProtocolImpl::InitSMBiosTable()
 {
     EntryMapping.reset();
     TableMapping.reset();
-    TableBase = nullptr;
-    TableLength = 0;
     SMBiosVersion.clear();
     ReservedMemAddress = 0;
     ReservedMemSize = 0;
@@ -97,8 +97,7 @@ void SMBIOSProtocolImpl::InitSMBiosTable()
 }
 
 SMBIOSProtocolImpl::SMBIOSProtocolImpl(const SMBIOSProtocolImpl& source)
-    : ISMBIOSProtocol(source), RootPath(source.RootPath), TableBase(source.TableBase),
-      TableLength(source.TableLength), SMBiosVersion(source.SMBiosVersion),
+    : ISMBIOSProtocol(source), RootPath(source.RootPath), SMBiosVersion(source.SMBiosVersion),
       ReservedMemAddress(source.ReservedMemAddress), ReservedMemSize(source.ReservedMemSize),
       ResultNodes(source.ResultNodes), RawTableBuffer(source.RawTableBuffer), HowRead(source.HowRead)
 {
@@ -149,8 +148,6 @@ void SMBIOSProtocolImpl::SwapWith(SMBIOSProtocolImpl& other) noexcept
     std::swap(EntryMapping, other.EntryMapping);
     std::swap(TableMapping, other.TableMapping);
     std::swap(RootPath, other.RootPath);
-    std::swap(TableBase, other.TableBase);
-    std::swap(TableLength, other.TableLength);
     std::swap(SMBiosVersion, other.SMBiosVersion);
     std::swap(ReservedMemAddress, other.ReservedMemAddress);
     std::swap(ReservedMemSize, other.ReservedMemSize);

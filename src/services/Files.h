@@ -2,9 +2,11 @@
 
 #pragma once
 
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
+#include <system_error>
 
 namespace Protocol::SMBIOS::Files {
 
@@ -19,5 +21,14 @@ File Open(const std::filesystem::path& path);
 
 /// Makes a file for writing; one that exists is refused with EEXIST.
 File Create(const std::filesystem::path& path);
+
+/// Removes a file that was made and could not be written. errno stays as it is.
+inline void Discard(const std::filesystem::path& path)
+{
+    const int reason = errno;
+    std::error_code ignored;
+    std::filesystem::remove(path, ignored);
+    errno = reason;
+}
 
 } // namespace Protocol::SMBIOS::Files

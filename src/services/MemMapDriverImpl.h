@@ -8,6 +8,10 @@
 
 namespace OS::Driver {
 
+/// The range that is searched for the entry point, in the BIOS segment.
+constexpr unsigned long ScanAddress = 0xF0000;
+constexpr unsigned int ScanLength = 65534;
+
 class MemMapDriverImpl {
 public:
     /// Makes `length` bytes of physical memory from `address` readable and gives their owner to `out`, in
@@ -16,9 +20,9 @@ public:
     /// A length of 0 always succeeds.
     void Map(unsigned long address, unsigned int length, MappingOwner* out);
 
-    /// Whether the system gives this process that range at all. Where it does not, since it has no way to
-    /// physical memory or keeps the range to itself, `reason` says why. True says no more than that Map is
-    /// worth a try.
+    /// Whether the system gives this process that range at all; needs no lock, as nobody reads there. Where
+    /// it does not, since it has no way to physical memory or keeps the range to itself, `reason` says why.
+    /// True says no more than that Map is worth a try.
     bool Offers(unsigned long address, unsigned int length, std::string& reason);
 };
 

@@ -63,6 +63,7 @@ TEST_F(TableFile, SaysWhatCannotBeReadAndWhatToDo)
     Put("half/smbios_entry_point", entryPoint);
     Put("hollow/smbios_entry_point", entryPoint);
     Put("hollow/DMI", {});
+    Put("vacant/smbios_entry_point", {});
     Put("strange/smbios_entry_point", Bytes(31, 'x'));
     Put("strange/DMI", Bytes(13));
     fs::resize_file(Put("largest", {1}), TableImage::MaxFileSize);
@@ -82,6 +83,7 @@ TEST_F(TableFile, SaysWhatCannotBeReadAndWhatToDo)
         {"empty", 2103, "a folder without the files", "/sys/firmware/dmi/tables"},
         {"half", 2103, "DMI: No such file", "check the name"},
         {"hollow", 2104, "DMI: it is empty", "take the table again"},
+        {"vacant", 2104, "smbios_entry_point: it is empty", "take the table again"},
         {"strange", 1013, "neither \"_SM_\" nor \"_SM3_\"", "take it again"},
         {"largest", 2107, "an image of 16777216 bytes", "cut off"},
         {"larger", 2107, "more than 16 MiB", "give a table image"},
@@ -110,6 +112,7 @@ TEST_F(TableFile, ReadsWhatItSaves)
         {"3.0", sample, 3, 0, "_SM3"},
         {"2.8, with more behind the end", roomy, 2, 8, "_SM_"},
         {"3.0, which the 64-bit form would cut", roomy, 3, 0, "_SM_"},
+        {"3.0, that ends within a structure", {200, 255, 0, 0}, 3, 0, "_SM3"},
         {"largest of 16 bits", Images::Join(sample, Bytes(65'535 - sample.size())), 2, 7, "_SM_"},
         {"larger, without an end", Bytes(65'536, 1), 2, 7, "_SM3"},
     };
@@ -173,10 +176,11 @@ TEST_F(TableFile, LeavesNoFileWhereItCannotBeSaved)
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit small = {1'000, before.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const int code = save("dump");
+    const auto [code, message] = FailureOf([&] { image.Save(Folder / "dump"); });
     setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
     EXPECT_EQ(code, 2109);
+    EXPECT_EQ(message, "File too large; make room, or choose another place");
     EXPECT_FALSE(fs::exists(Folder / "dump"));
 }
 

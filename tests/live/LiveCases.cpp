@@ -1,9 +1,8 @@
 // Replays the cases of this folder: a machine of fakes in; out, in this order, what its services and its log
 // are asked, and the tree or the failure. What is done:
 //
-//   memory HEX      physical memory from that address on. What stands there, the lines behind this one say,
-//   which
-//                   read as samples/TableText.h has it; all else reads as FFh
+//   memory HEX      physical memory from that address on, as the lines behind this one say in the words of
+//                   samples/TableText.h; all else reads as FFh
 //   block           likewise the firmware's raw block
 //   queried N       the firmware tells this size of its block, whatever it is
 //   fetched N       a fetch of the block gives this and no bytes

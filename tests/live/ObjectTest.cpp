@@ -21,8 +21,6 @@ struct Private {
     template struct Private<TYPE SMBIOSProtocolImpl::*, &SMBIOSProtocolImpl::NAME, NAME##Tag>;
 PRIVATE_MEMBER(MappingOwner, EntryMapping)
 PRIVATE_MEMBER(MappingOwner, TableMapping)
-PRIVATE_MEMBER(unsigned char*, TableBase)
-PRIVATE_MEMBER(unsigned int, TableLength)
 
 namespace {
 
@@ -62,6 +60,13 @@ TEST(LiveObject, GivesItsMappingsToACopy)
     *source = copy;
     EXPECT_TRUE(HasMappings(*source));
     EXPECT_TRUE(HasNoMapping(copy));
+
+    copy = *Decoded(Images::Image(Bytes(), 2, 7));
+    EXPECT_EQ(ReservedMemory(copy), None);
+    copy = std::as_const(*source);
+    EXPECT_TRUE(HasMappings(*source)) << "a constant source keeps them";
+    EXPECT_TRUE(HasNoMapping(copy));
+    EXPECT_EQ(ReservedMemory(copy), Reserved);
 }
 
 TEST(LiveObject, HoldsNothingOfBeforeWhereItIsReadAnewInVain)
@@ -74,8 +79,6 @@ TEST(LiveObject, HoldsNothingOfBeforeWhereItIsReadAnewInVain)
     EXPECT_THROW(ReadAgain(*object), ResultStatus);
     EXPECT_EQ(ReservedMemory(*object), None);
     EXPECT_TRUE(HasNoMapping(*object));
-    EXPECT_EQ((*object).*Get(TableBaseTag()), nullptr);
-    EXPECT_EQ((*object).*Get(TableLengthTag()), 0U);
     EXPECT_TRUE(Everything(*object).empty());
 
     TheMachine = Machine::WithBlock(Table);

@@ -48,7 +48,10 @@ File Create(const std::filesystem::path& path)
     const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, ReadableByAll);
     if (descriptor < 0)
         return nullptr;
-    return Stream(descriptor, "wb", 0);
+    File file = Stream(descriptor, "wb", 0);
+    if (file == nullptr)
+        Discard(path);
+    return file;
 }
 
 } // namespace Protocol::SMBIOS::Files

@@ -31,8 +31,6 @@ namespace {
 constexpr const char* MemoryDevice = "/dev/mem";
 constexpr const char* PublishedFiles[] = {"/sys/firmware/dmi/tables/smbios_entry_point",
                                           "/sys/firmware/dmi/tables/DMI"};
-constexpr std::uint64_t ScanAddress = 0xF0000;
-constexpr unsigned int ScanLength = 65534;
 constexpr unsigned char ErasedRom = 0xFF;
 
 #if defined(__x86_64__) || defined(__i386__)

@@ -46,7 +46,11 @@ File Create(const std::filesystem::path& path)
     if (descriptor < 0)
         return nullptr;
     // A device has its name everywhere, and none is new.
-    return Stream(descriptor, "wb", ErrorUnlessRegular(descriptor) == 0 ? 0 : EEXIST);
+    const bool isNew = ErrorUnlessRegular(descriptor) == 0;
+    File file = Stream(descriptor, "wb", isNew ? 0 : EEXIST);
+    if (file == nullptr && isNew)
+        Discard(path);
+    return file;
 }
 
 } // namespace Protocol::SMBIOS::Files

@@ -14,8 +14,6 @@ namespace OS::Driver {
 
 namespace {
 
-constexpr unsigned long ScanAddress = 0xF0000;
-constexpr unsigned int ScanLength = 65534;
 constexpr unsigned char ErasedRom = 0xFF;
 constexpr const char* Reason = "Windows gives programs no physical memory";
 
