@@ -64,8 +64,12 @@ struct Words {
 // Makes bytes of "64MiB". Gives what is wrong with it.
 std::string ToBytes(std::string& size)
 {
-    if (size.find_first_of("+-") != std::string::npos)
-        return size + " is not a size";
+    constexpr std::size_t MostDigits = 18;
+    const std::size_t digits = std::min(size.find_first_not_of("0123456789"), size.size());
+    const std::string unit = size.substr(digits);
+    if (digits == 0 || digits > MostDigits || unit.find_first_of("0123456789.") != std::string::npos)
+        return "\"" + size + "\" is no size, such as 4096 or 64MiB";
+    size = std::to_string(std::stoull(size)) + unit; // with a zero in front it would be octal
     return CLI::AsSizeValue(false)(size);
 }
 
@@ -183,9 +187,9 @@ unsigned int TypeOfWord(const std::string& word)
     return *type;
 }
 
-Form FormOf(const Words& words, const Arguments& arguments)
+Form FormOf(const Words& words, const CLI::App& app)
 {
-    Form wanted = arguments.DumpFile.empty() ? Form::Indented : Form::Dump;
+    Form wanted = app.count("--dump") == 0 ? Form::Indented : Form::Dump;
     for (const auto& [form, isWanted] : words.Forms) {
         if (!isWanted)
             continue;
@@ -213,7 +217,7 @@ Manner MannerOf(const Words& words)
 
 void Interpret(const Words& words, const CLI::App& app, Arguments& arguments)
 {
-    arguments.Form = FormOf(words, arguments);
+    arguments.Form = FormOf(words, app);
     arguments.Manner = MannerOf(words);
     for (const std::string& word : words.Types)
         arguments.Choice.Types.push_back(TypeOfWord(word));
@@ -245,6 +249,13 @@ void Check(const Arguments& arguments, const CLI::App& app)
         throw CLI::ValidationError("only one of --path and --type is possible");
     if (arguments.Form == Form::Value && app.count("--path") == 0)
         throw CLI::ValidationError("--value needs --path");
+    if (arguments.Form == Form::Dump && arguments.DumpFile.empty())
+        throw CLI::ValidationError("--dump needs the name of a new file");
+    for (const char* const option : {"--path", "--type", "--newest", "--by-version", "--limit"}) {
+        if (arguments.Form == Form::Dump && app.count(option) != 0)
+            throw CLI::ValidationError(std::string(option) +
+                                       " does not go with --dump, which saves the whole table");
+    }
 }
 
 // Prints the help or the version. Gives the exit status.

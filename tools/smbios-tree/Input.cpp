@@ -18,13 +18,14 @@ std::vector<unsigned char> ReadStandardInput()
 {
     std::vector<unsigned char> bytes;
     unsigned char buffer[16384];
+    std::FILE* const stream = StandardInput();
     errno = 0;
-    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, stdin)) {
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, stream)) {
         bytes.insert(bytes.end(), buffer, buffer + count);
         if (bytes.size() > TableImage::MaxFileSize)
             throw Failure(Kind::TooLarge, "more than 16 MiB; give a table image, a dump or a folder");
     }
-    if (std::ferror(stdin) != 0)
+    if (std::ferror(stream) != 0)
         throw Failure(Kind::Unreadable, std::generic_category().message(errno) +
                                             "; give a file or a pipe that can be read to its end");
     return bytes;
@@ -37,6 +38,16 @@ std::string NameOf(const Input& input)
     if (!input)
         return "this machine";
     return *input == "-" ? "standard input" : *input;
+}
+
+std::FILE* StandardInput()
+{
+    static bool isTaken = false;
+    if (isTaken)
+        throw Failure(Kind::Unreadable,
+                      "it is read already, as an input or as the list of --inputs; name it once");
+    isTaken = true;
+    return stdin;
 }
 
 TableImage Read(const Input& input)

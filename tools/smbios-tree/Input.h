@@ -4,6 +4,7 @@
 
 #include <SMBIOSProtocol/TableImage.h>
 
+#include <cstdio>
 #include <optional>
 #include <string>
 
@@ -16,6 +17,10 @@ using Input = std::optional<std::string>;
 
 /// How a message names it.
 std::string NameOf(const Input& input);
+
+/// Standard input, to be read to its end: as a table or as the list of inputs, once. Throws Failure at the
+/// second call.
+std::FILE* StandardInput();
 
 /// Reads the table. Throws Failure.
 TableImage Read(const Input& input);

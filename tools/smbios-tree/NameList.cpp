@@ -2,6 +2,7 @@
 
 #include "Console.h"
 #include "Failure.h"
+#include "Input.h"
 
 #include <cerrno>
 #include <system_error>
@@ -19,7 +20,7 @@ namespace {
 } // namespace
 
 NameList::NameList(const std::string& file, char end)
-    : Stream(file == "-" ? stdin : Console::OpenToRead(file)), End(end)
+    : Stream(file == "-" ? StandardInput() : Console::OpenToRead(file)), End(end)
 {
     if (Stream == nullptr)
         RaiseUnreadable();

@@ -14,7 +14,7 @@ namespace SmbiosTree {
 /// finds each report of up to `Capacity` bytes in one piece there: Finish() ends a report.
 class Output {
 public:
-    static constexpr std::size_t Capacity = 1U << 20;
+    static constexpr std::size_t Capacity = 4U << 20;
 
     Output() = default;
     /// Writes nothing, but fails where a report is larger than `limit` bytes.

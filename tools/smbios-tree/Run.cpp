@@ -25,12 +25,17 @@ void Complain(const std::string& subject, const std::string& message)
     std::fprintf(stderr, "smbios-tree: %s: %s\n", Visible(subject).c_str(), message.c_str());
 }
 
+void ComplainUnlessWhole(const Tree& tree, const Input& input)
+{
+    if (!tree.IsWhole)
+        Complain(NameOf(input), "the table has no end structure, and may be cut off");
+}
+
 // Decodes an input, and says where it may be less than all.
 Tree Opened(const Input& input, const Arguments& arguments)
 {
     Tree tree = Open(input, arguments.Manner);
-    if (!tree.IsWhole)
-        Complain(NameOf(input), "the table has no end structure, and may be cut off");
+    ComplainUnlessWhole(tree, input);
     return tree;
 }
 
@@ -127,20 +132,36 @@ int ReportLines(Output& out, const Arguments& arguments)
     return status;
 }
 
+// Decodes both inputs alike: where the version of one alone has a catalogue, both with the newest. Else what
+// the catalogues differ in would stand among the differences. `side` says where a failure was.
+std::vector<Tree> OpenedAlike(const Arguments& arguments, std::size_t& side)
+{
+    std::vector<TableImage> tables;
+    std::vector<Tree> trees;
+    for (side = 0; side < 2; ++side) {
+        tables.push_back(Read(arguments.Inputs[side]));
+        trees.push_back(Open(tables[side], arguments.Manner));
+        ComplainUnlessWhole(trees[side], arguments.Inputs[side]);
+    }
+    if (trees[0].Reading != trees[1].Reading) {
+        for (side = 0; side < 2; ++side)
+            trees[side] = Open(tables[side], {Catalogue::Newest, std::nullopt});
+    }
+    side = 1;
+    return trees;
+}
+
 int ReportDifferences(Output& out, const Arguments& arguments)
 {
-    Tree trees[2];
+    std::vector<Tree> trees;
     std::vector<NodePair> pairs;
-    for (const std::size_t side : {0U, 1U}) {
-        const std::string& input = arguments.Inputs[side];
-        try {
-            trees[side] = Opened(input, arguments);
-            if (side == 1)
-                pairs = SelectBoth(trees[0], trees[1], arguments.Choice);
-        } catch (const Failure& failure) {
-            Complain(NameOf(input), failure.what());
-            return DiffTrouble;
-        }
+    std::size_t side = 0;
+    try {
+        trees = OpenedAlike(arguments, side);
+        pairs = SelectBoth(trees[0], trees[1], arguments.Choice);
+    } catch (const Failure& failure) {
+        Complain(NameOf(arguments.Inputs[side]), failure.what());
+        return DiffTrouble;
     }
     try {
         Send(out, arguments, [&](Output& to) { Differences(to, pairs, arguments.Style); });

@@ -101,6 +101,16 @@ std::uint64_t WideNumber(const Part& part, std::string_view name, std::uint64_t 
     return number == full && part.Has(wide) ? part.Number(wide) : number;
 }
 
+// "4 cores", or "255 or more cores" where that is all that the byte can say.
+std::string CountOf(const Part& processor, const std::string& name, const char* one)
+{
+    constexpr std::uint64_t Full = 255;
+    const std::string wide = name + "2";
+    const bool isMore = processor.Number(name) == Full && !processor.Has(wide);
+    return isMore ? "255 or more " + std::string(one) + "s"
+                  : Count(WideNumber(processor, name, Full, wide), one);
+}
+
 std::string SizeText(std::uint64_t kilobytes)
 {
     const char* unit = "KB";
@@ -166,11 +176,10 @@ Slot Socket(const Part& root, const Part& processor)
     socket.Headline = processor.Text("/ProcessorVersion");
     if (socket.Headline.empty())
         socket.Headline = Joined({processor.Text("/ProcessorManufacturer"), Family(root, processor)});
-    socket.Lines = {name,
-                    Joined({Count(WideNumber(processor, "/CoreCount", 255, "/CoreCount2"), "core"),
-                            Count(WideNumber(processor, "/ThreadCount", 255, "/ThreadCount2"), "thread"),
-                            SpeedText(processor.Number("/CurrentSpeed"), "MHz")},
-                           ", ")};
+    socket.Lines = {
+        name, Joined({CountOf(processor, "/CoreCount", "core"), CountOf(processor, "/ThreadCount", "thread"),
+                      SpeedText(processor.Number("/CurrentSpeed"), "MHz")},
+                     ", ")};
     return socket;
 }
 

@@ -71,6 +71,23 @@ Tree OpenMachine(const Manner& manner)
     return Decoded(Read(std::nullopt), Reading::Newest);
 }
 
+// What `open` gives, with whatever it throws as a Failure.
+template <typename Function>
+Tree OpenBy(Function open)
+{
+    try {
+        return open();
+    } catch (const ResultStatus& status) {
+        throw InputFailure(status);
+    } catch (const Protocol::SMBIOS::TreeTooLarge&) {
+        throw Failure(Kind::TreeTooLarge,
+                      "its tree would be too large, which no real machine's is; the table is "
+                      "damaged or made to do harm");
+    } catch (const std::bad_alloc&) {
+        throw OutOfMemory();
+    }
+}
+
 // The longest path that has a node and of which `path` is a continuation.
 std::string NearestPath(const Tree& tree, std::string path)
 {
@@ -155,17 +172,12 @@ Failure NoSuchType(const Tree& tree, unsigned int type)
 
 Tree Open(const Input& input, const Manner& manner)
 {
-    try {
-        return input ? OpenTable(Read(input), manner) : OpenMachine(manner);
-    } catch (const ResultStatus& status) {
-        throw InputFailure(status);
-    } catch (const Protocol::SMBIOS::TreeTooLarge&) {
-        throw Failure(Kind::TreeTooLarge,
-                      "its tree would be too large, which no real machine's is; the table is "
-                      "damaged or made to do harm");
-    } catch (const std::bad_alloc&) {
-        throw OutOfMemory();
-    }
+    return OpenBy([&] { return input ? OpenTable(Read(input), manner) : OpenMachine(manner); });
+}
+
+Tree Open(const TableImage& table, const Manner& manner)
+{
+    return OpenBy([&] { return OpenTable(table, manner); });
 }
 
 Selection Select(const Tree& tree, const Choice& choice)

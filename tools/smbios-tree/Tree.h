@@ -47,6 +47,7 @@ struct Tree {
 
 /// Decodes an input. Throws Failure.
 Tree Open(const Input& input, const Manner& manner);
+Tree Open(const TableImage& table, const Manner& manner);
 
 /// What the person wants to see of it: a subtree, or types.
 struct Choice {
