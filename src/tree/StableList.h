@@ -1,5 +1,5 @@
 // A list that grows at its end and whose elements stay where they are. It takes memory for many elements at a
-// time, and finds one by its number without a division.
+// time, for more behind the first few thousand, and finds one by its number without a division.
 
 #pragma once
 
@@ -19,13 +19,19 @@ public:
 
     Element& operator[](std::size_t number) const
     {
-        return Blocks[number / BlockLength][number % BlockLength];
+        if (number < FirstCount)
+            return Blocks[number / ShortBlock][number % ShortBlock];
+        const std::size_t further = number - FirstCount;
+        return Blocks[FirstCount / ShortBlock + further / LongBlock][further % LongBlock];
     }
 
     Element& Append(const Element& element)
     {
-        if (Count == Blocks.size() * BlockLength)
-            Blocks.push_back(std::unique_ptr<Element[]>(new Element[BlockLength]));
+        if (Count == Capacity) {
+            const std::size_t length = Count < FirstCount ? ShortBlock : LongBlock;
+            Blocks.push_back(std::unique_ptr<Element[]>(new Element[length]));
+            Capacity += length;
+        }
         Element& place = (*this)[Count];
         place = element;
         ++Count;
@@ -36,13 +42,17 @@ public:
     void Clear()
     {
         Blocks = decltype(Blocks)();
+        Capacity = 0;
         Count = 0;
     }
 
 private:
-    static constexpr std::size_t BlockLength = 64;
+    static constexpr std::size_t ShortBlock = 64;
+    static constexpr std::size_t FirstCount = 4096; ///< of elements that are in short blocks
+    static constexpr std::size_t LongBlock = 1024;
 
     std::vector<std::unique_ptr<Element[]>> Blocks;
+    std::size_t Capacity = 0;
     std::size_t Count = 0;
 };
 
