@@ -1,4 +1,10 @@
-// The operating system's raw firmware tables, in the form of the Windows call.
+// The operating system's raw firmware tables, in the form of the Windows call. The raw SMBIOS block:
+//
+//   offset  width  field
+//   01h     1      SMBIOS major version
+//   02h     1      SMBIOS minor version
+//   04h     4      length of the table, little-endian
+//   08h            the table
 
 #pragma once
 
@@ -9,7 +15,6 @@ namespace Protocol::SMBIOS::Firmware {
 /// The provider of the raw SMBIOS block: 'RSMB'.
 constexpr unsigned long RawSmbiosProvider = 0x52534D42;
 
-/// Where the raw SMBIOS block has the version, four bytes with the length of the table, and the table.
 constexpr std::size_t MajorVersionOffset = 0x01;
 constexpr std::size_t MinorVersionOffset = 0x02;
 constexpr std::size_t LengthOffset = 0x04;

@@ -20,9 +20,9 @@ public:
     /// A length of 0 always succeeds.
     void Map(unsigned long address, unsigned int length, MappingOwner* out);
 
-    /// Whether the system gives this process that range at all; needs no lock, as nobody reads there. Where
-    /// it does not, since it has no way to physical memory or keeps the range to itself, `reason` says why.
-    /// True says no more than that Map is worth a try.
+    /// Whether the system gives this process that range at all. Where it does not, since it has no way to
+    /// physical memory or keeps the range to itself, `reason` says why. True says no more than that Map is
+    /// worth a try. Asked without the lock: what is read to find out is thrown away.
     bool Offers(unsigned long address, unsigned int length, std::string& reason);
 };
 
