@@ -148,6 +148,8 @@ void SMBIOSProtocolImpl::SwapWith(SMBIOSProtocolImpl& other) noexcept
     std::swap(EntryMapping, other.EntryMapping);
     std::swap(TableMapping, other.TableMapping);
     std::swap(RootPath, other.RootPath);
+    std::swap(TableBase, other.TableBase);
+    std::swap(TableLength, other.TableLength);
     std::swap(SMBiosVersion, other.SMBiosVersion);
     std::swap(ReservedMemAddress, other.ReservedMemAddress);
     std::swap(ReservedMemSize, other.ReservedMemSize);
