@@ -17,21 +17,12 @@ class StableList {
 public:
     std::size_t Size() const { return Count; }
 
-    Element& operator[](std::size_t number) const
-    {
-        if (number < FirstCount)
-            return Blocks[number / ShortBlock][number % ShortBlock];
-        const std::size_t further = number - FirstCount;
-        return Blocks[FirstCount / ShortBlock + further / LongBlock][further % LongBlock];
-    }
+    Element& operator[](std::size_t number) const { return Pages[number / PageLength][number % PageLength]; }
 
     Element& Append(const Element& element)
     {
-        if (Count == Capacity) {
-            const std::size_t length = Count < FirstCount ? ShortBlock : LongBlock;
-            Blocks.push_back(std::unique_ptr<Element[]>(new Element[length]));
-            Capacity += length;
-        }
+        if (Count == Pages.size() * PageLength)
+            AddBlock();
         Element& place = (*this)[Count];
         place = element;
         ++Count;
@@ -42,17 +33,25 @@ public:
     void Clear()
     {
         Blocks = decltype(Blocks)();
-        Capacity = 0;
+        Pages = decltype(Pages)();
         Count = 0;
     }
 
 private:
-    static constexpr std::size_t ShortBlock = 64;
-    static constexpr std::size_t FirstCount = 4096; ///< of elements that are in short blocks
-    static constexpr std::size_t LongBlock = 1024;
+    static constexpr std::size_t PageLength = 64;
+    static constexpr std::size_t FewPages = 64; ///< up to here one is taken at a time, then several
+    static constexpr std::size_t SeveralPages = 16;
+
+    void AddBlock()
+    {
+        const std::size_t count = Pages.size() < FewPages ? 1 : SeveralPages;
+        Blocks.push_back(std::unique_ptr<Element[]>(new Element[count * PageLength]));
+        for (std::size_t i = 0; i < count; ++i)
+            Pages.push_back(Blocks.back().get() + i * PageLength);
+    }
 
     std::vector<std::unique_ptr<Element[]>> Blocks;
-    std::size_t Capacity = 0;
+    std::vector<Element*> Pages; ///< of the blocks
     std::size_t Count = 0;
 };
 
