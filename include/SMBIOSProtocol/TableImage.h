@@ -51,8 +51,8 @@ public:
     /// The structures, one behind the other. Of an image this is what stands in front of the entry point.
     const std::vector<unsigned char>& Table() const noexcept;
 
-    /// False where the table may be cut off: its entry point gives only the most that it can be, as the
-    /// 64-bit form does, and it has no end structure.
+    /// False where the table may be cut off: it has no end structure, and its entry point gives only the most
+    /// that it can be, as the 64-bit form does, or more than is here.
     bool IsWhole() const noexcept;
 
     /// The same table with another version, for Reading::ByVersion. Both numbers are 0 to 255; others are

@@ -71,7 +71,7 @@ EntryPoint::Facts ReadEntryPoint(const Bytes& bytes)
 // Cuts off what does not belong to the table. Gives whether what is left is known to be all of it.
 bool Trim(Bytes& table, const EntryPoint::Facts& facts)
 {
-    // Of a table longer than any that can be read, no more may be here.
+    // A machine's table is cut to the most that can be read ahead of this.
     const bool isShort = table.size() < std::min(facts.TableLength, TableImage::MaxTableSize);
     table.resize(std::min(table.size(), facts.TableLength));
     if (facts.IsLengthExact && !isShort)

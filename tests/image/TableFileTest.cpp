@@ -134,6 +134,14 @@ TEST_F(TableFile, ReadsWhatItSaves)
     }
 }
 
+TEST_F(TableFile, LeavesATableThatHoldsNothingWhereItIsMoved)
+{
+    TableImage from = TableImage::FromBytes(Images::TwoSocketServer());
+    const TableImage to = std::move(from);
+    EXPECT_FALSE(to.Table().empty());
+    EXPECT_TRUE(from.As(2, 6).Table().empty()); // NOLINT(bugprone-use-after-move): what is asked for
+}
+
 // Other programs read every field.
 TEST_F(TableFile, SavesWholeEntryPoints)
 {

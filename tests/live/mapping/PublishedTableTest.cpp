@@ -7,10 +7,8 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <optional>
 #include <string>
-#include <vector>
 
 using namespace Protocol::SMBIOS;
 
