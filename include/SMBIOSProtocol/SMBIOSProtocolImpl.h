@@ -31,6 +31,8 @@
 namespace Protocol::SMBIOS {
 
 class NodeStore;
+class ValueTable;
+enum class FieldInterpretation;
 struct TreeNode;
 
 /// A machine's decoded SMBIOS data: that of the running machine, or of a table image.
@@ -93,10 +95,11 @@ public:
     void GetBiosReservedMem(unsigned int* address, unsigned int* size);
 
 private:
+    friend class StructureDecoder;
+
     // instance
     SMBIOSProtocolImpl();
     void InitSMBiosTable(); ///< reads the machine anew into this object
-    void ReadMachine();     ///< all phases, on the running machine
     void BuildTree();       ///< the phases from the catalogue to the inventories
     void Finish();          ///< behind all phases: keeps the tree, releases what they worked with
     void SwapWith(SMBIOSProtocolImpl& other) noexcept;
@@ -104,52 +107,30 @@ private:
     // acquisition: sets TableBase, TableLength, SMBiosVersion
     void GetSMBiosEntryPtr();
     void ReadRawFirmwareBlock();
-    int GetRawSmbiosData(unsigned char* buffer, unsigned long& size);
+    static int GetRawSmbiosData(unsigned char* buffer, unsigned long& size);
     void GetSMBiosEntryPtr(unsigned char* image, unsigned long long size);
-    void TakeTable(std::vector<unsigned char>& structures, const TableImage& table);
 
-    // catalogue: fills TypeTables and ValidSubTypes, plants the root and the nodes of the types
+    // catalogue: fills TypeTables and ValidSubTypes
     void DefineSMBiosTable();
     void FillStaticInfoSMBIOSSpec_23();
     void FillStaticInfoSMBIOSSpec_24();
     void FillStaticInfoSMBIOSSpec_25();
     void FillStaticInfoSMBIOSSpec_26();
     void FillStaticInfoSMBIOSSpec_27();
-    void FillNewest();
-    void PlantTop(); ///< the root, a node for each type in TypeTables, and the inventories
     void DefineValidSubTypes();
-    std::vector<unsigned char> CataloguedTypes() const; ///< keys of TypeTables, ascending
 
     // structures: walks the table into Instances and StructuresByHandle
     void ParseSMBiosTable();
-    void ParseWithNewest(); ///< the same, with an entry in TypeTables for each type that occurs
-    void IndexByHandle();   ///< all that the walk has found
 
     // tree: decodes every structure under its type, then those behind links
-    std::size_t ExpectedNodes() const; ///< about as many as the tree will have
     void FillSMBIOSDataTables();
     void FillSubTypeDataTables();
 
-    // decoding: one structure, one field, one value
+    // decoding: one type, one field, one value
     const SMBTable& SMBiosDataTable(std::string_view path, int type, int handle);
-    void DecodeFields(const SMBTable& table, const SMBiosStructure& structure, int type, TreeNode& node);
-    struct Area;
-    void DecodeSections(const SMBTable& table, const SMBiosStructure& structure, TreeNode& node);
-    int DecodeFieldsIn(const Area& area, const SMBSection& section, TreeNode& node);
-    int DecodeGroup(const Area& area, const SMBSection& section, const Area& before, TreeNode& node);
-    void DecodeStrings(const SMBiosStructure& structure, std::string_view name, TreeNode& node);
-    void DecodeField(const Area& area, const Catalogue::Field& field, const ValueTable* const* values,
-                     int width, TreeNode& node);
-    void DecodeParts(const Catalogue::Field& field, const ValueTable* const* values, unsigned long long value,
-                     TreeNode& node);
-    void StorePlain(TreeNode& node, std::string_view name, std::string_view value, int type);
-    bool IsHandleField(int type, std::string_view name) const;
     static void ExtractField(const char* source, char* destination, unsigned char width,
                              FieldInterpretation interpretation);
-    static std::string ConvertIntToString(unsigned long long value);
     void FillFieldInterpretation(TreeNode& node, std::string_view value, const ValueTable& table);
-    void InterpretEnumeration(TreeNode& node, std::string_view value, std::string_view text);
-    void InterpretBits(unsigned long long value, const ValueTable& table, TreeNode& node);
     std::string CalculateProcessorStatus(int value, const ValueTable& table, TreeNode& node);
     static std::string CalculateProcessorVoltage(int value, const ValueTable& table);
     std::string CalculateCacheSize(int value, const ValueTable& table, TreeNode& node);
@@ -158,33 +139,20 @@ private:
     std::string CalculateHardwareSecuritySettings(int value, const ValueTable& table, TreeNode& node);
     static std::string CalculateIPMISpecRev(int value);
     static std::string CalculateBIOSRomSize(int value);
+    static std::string ConvertIntToString(unsigned long long value);
     static std::string interpretUUID(std::string_view text);
     static std::string reverse(std::string_view text);
 
-    // tree: nodes and their paths
-    TreeNode* FindNode(std::string_view path) const; ///< null where the path has no node
-    const TreeNode* FindChild(const TreeNode& parent,
-                              std::string_view name) const; ///< null where none is listed
-    TreeNode& NodeAt(std::string_view path, std::string_view separator = {}, std::string_view name = {});
-    TreeNode& ListChild(TreeNode& parent, std::string_view separator, std::string_view name);
-    TreeNode& ListInstance(TreeNode& parent, std::size_t index);
-    TreeNode& AddInstance(TreeNode& parent, std::size_t index);
+    // tree: what is written to it
     TreeNode& AddNode(TreeNode& parent, std::string_view name, _NODE_TYPE type,
                       std::string_view lasting = {});
-    TreeNode& AddInner(TreeNode& parent, std::string_view name) { return AddNode(parent, name, NODE_INNER); }
-    TreeNode& AddLeaf(TreeNode& parent, std::string_view name, std::string_view value);
-    TreeNode& AddWord(TreeNode& parent, std::string_view name, std::string_view constant);
     void InsertLeafXNode(std::string_view value, TreeNode& node);
-    void Overwrite(TreeNode& node, _NODE_TYPE type, std::string_view lasting = {});
     void FillInfo(const TreeNode& source, TreeNode& copy);
     void DeleteResultMap(std::string_view path);
 
     // inventory
-    struct MemoryDevice;
-    using DevicesByArray = std::unordered_map<std::string_view, std::vector<MemoryDevice>>;
     void FillMemoryArray();
-    DevicesByArray GroupDevices() const;
-    void FillPresentMemory(TreeNode& array, TreeNode& list, const std::vector<MemoryDevice>& devices);
+    void FillPresentMemory(TreeNode& array, TreeNode& list, const std::vector<const TreeNode*>& devices);
     void FillProcessorInfo();
     void DumpMemorySPD();
     void InitBiosReservedMem();

@@ -11,7 +11,7 @@ namespace Protocol::SMBIOS {
 /// A structure as it stands in the table. Valid as long as the table memory is.
 struct SMBiosStructure {
     unsigned char Type = 0;                ///< structure type of the standard
-    unsigned char* Data = nullptr;         ///< its first byte in the table
+    const unsigned char* Data = nullptr;   ///< its first byte in the table
     unsigned short Handle = 0;             ///< number by which other structures name it
     std::vector<std::string_view> Strings; ///< element n - 1 is string number n; by version never empty
 

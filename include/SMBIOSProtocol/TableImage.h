@@ -74,7 +74,7 @@ private:
     static TableImage FromImage(Bytes image);
     static TableImage FromParts(const Bytes& entryPoint, Bytes table);
     static TableImage FromTable(Bytes table, unsigned char major, unsigned char minor);
-    Bytes ImageByVersion() const;
+    Bytes TableByVersion() const;
 
     Bytes Structures;
     Bytes Behind; ///< a 32-bit entry point and what stood behind it: fields of a last structure reach into it

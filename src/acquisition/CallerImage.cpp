@@ -1,9 +1,7 @@
 // A table image that the caller holds: the structure table at its start, a 32-bit entry point anywhere in it.
-// The entry point gives the version alone; its table address and length play no part. The newest catalogue
-// needs no entry point: it takes the structures as they are.
+// The entry point gives the version alone; its table address and length play no part.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
-#include "SMBIOSProtocol/TableImage.h"
 #include "acquisition/EntryPoint.h"
 #include "services/Failure.h"
 
@@ -24,13 +22,6 @@ void SMBIOSProtocolImpl::GetSMBiosEntryPtr(unsigned char* image, unsigned long l
                                             entryPoint[EntryPoint::MinorVersionOffset]);
     TableBase = image;
     TableLength = static_cast<unsigned short>(size);
-}
-
-void SMBIOSProtocolImpl::TakeTable(std::vector<unsigned char>& structures, const TableImage& table)
-{
-    SMBiosVersion = EntryPoint::VersionText(table.MajorVersion, table.MinorVersion);
-    TableBase = structures.data();
-    TableLength = static_cast<unsigned int>(structures.size());
 }
 
 } // namespace Protocol::SMBIOS

@@ -1,5 +1,7 @@
 #include "acquisition/EntryPoint.h"
 
+#include "structures/LittleEndian.h"
+
 #include <algorithm>
 #include <cstring>
 #include <numeric>
@@ -51,14 +53,10 @@ unsigned char Sum(const unsigned char* first, std::size_t count)
     return static_cast<unsigned char>(std::accumulate(first, first + count, 0U));
 }
 
-// Bytes behind the end count as 0.
-std::uint64_t LittleEndian(const unsigned char* bytes, std::size_t size, std::size_t offset,
-                           std::size_t width)
+// The number at `offset`; bytes behind the end count as 0.
+std::uint64_t NumberAt(const unsigned char* bytes, std::size_t size, std::size_t offset, std::size_t width)
 {
-    std::uint64_t value = 0;
-    for (std::size_t i = width; i-- > 0;)
-        value = value << 8 | (offset + i < size ? bytes[offset + i] : 0U);
-    return value;
+    return LittleEndian(bytes + offset, std::min(width, size - offset));
 }
 
 void PutLittleEndian(Bytes& bytes, std::size_t offset, std::size_t width, std::uint64_t value)
@@ -135,9 +133,9 @@ Fault Read(const unsigned char* bytes, std::size_t size, Facts& facts)
         return Fault::Damaged;
 
     facts.Version = {bytes[form->Version], bytes[form->Version + 1]};
-    facts.TableAddress = LittleEndian(bytes, size, form->TableAddress, form->TableAddressWidth);
+    facts.TableAddress = NumberAt(bytes, size, form->TableAddress, form->TableAddressWidth);
     facts.TableLength =
-        static_cast<std::size_t>(LittleEndian(bytes, size, form->TableLength, form->TableLengthWidth));
+        static_cast<std::size_t>(NumberAt(bytes, size, form->TableLength, form->TableLengthWidth));
     facts.IsLengthExact = form == &Form32;
     return Fault::None;
 }

@@ -31,6 +31,9 @@ constexpr std::size_t MinorVersionOffset = 0x07;
 constexpr std::size_t TableLengthOffset = 0x16;
 constexpr std::size_t TableAddressOffset = 0x18;
 
+/// Where the table stands in a dump, behind its entry point.
+constexpr std::size_t TableOffset = 0x20;
+
 /// Bytes of the 32-bit form up to the end of the version, all that an image needs.
 constexpr std::size_t SizeWithVersion = 0x08;
 /// Bytes of the 32-bit form up to the end of the table address.
@@ -75,8 +78,7 @@ enum class Fault {
 /// Whether an anchor of either form stands at the start of `bytes`.
 bool HasEitherAnchor(const unsigned char* bytes, std::size_t size);
 
-/// Reads the entry point of either form at the start of `bytes`. `facts` stays as it is unless there is none
-/// at fault.
+/// Reads the entry point of either form at the start of `bytes`. Sets `facts` only where nothing is wrong.
 Fault Read(const unsigned char* bytes, std::size_t size, Facts& facts);
 
 /// Gives the complete 32-bit entry point at the start of `bytes` another version and mends its checksum.

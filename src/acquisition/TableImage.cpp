@@ -14,8 +14,8 @@
 
 #include "SMBIOSProtocol/ResultStatus.h"
 #include "acquisition/EntryPoint.h"
-#include "acquisition/Extent.h"
 #include "services/Failure.h"
+#include "structures/Walk.h"
 
 #include <algorithm>
 #include <limits>
@@ -28,7 +28,6 @@ namespace {
 
 using Bytes = EntryPoint::Bytes;
 
-constexpr std::size_t TableOffset = 0x20;
 constexpr std::size_t MaxSizeByVersion = std::numeric_limits<unsigned short>::max();
 
 [[noreturn]] void RaiseTableTooLarge(std::size_t size, std::size_t most)
@@ -131,7 +130,8 @@ TableImage TableImage::FromBytes(Bytes bytes)
         RaiseFailure(RESULT_EMPTY, "it is empty; take the table again");
     if (!EntryPoint::HasEitherAnchor(bytes.data(), bytes.size()))
         return FromImage(std::move(bytes));
-    const auto table = bytes.begin() + static_cast<std::ptrdiff_t>(std::min(TableOffset, bytes.size()));
+    const auto table =
+        bytes.begin() + static_cast<std::ptrdiff_t>(std::min(EntryPoint::TableOffset, bytes.size()));
     return FromParts(bytes, {table, bytes.end()});
 }
 
@@ -201,23 +201,19 @@ TableImage TableImage::As(int major, int minor) const
     return image;
 }
 
-// The structures and the entry point behind them, as the object of a caller's image takes them: it has the
-// version from the first anchor that there is.
-TableImage::Bytes TableImage::ImageByVersion() const
+// What is read by version: fields of a last structure reach into what stands behind the table.
+TableImage::Bytes TableImage::TableByVersion() const
 {
     const std::size_t size = Structures.size() + Behind.size();
     if (size > MaxSizeByVersion && Behind.size() == EntryPoint::SizeWithVersion)
         RaiseTableTooLarge(Structures.size(), MaxSizeByVersion - EntryPoint::SizeWithVersion);
     if (size > MaxSizeByVersion)
         RaiseImageTooLarge(size, MaxSizeByVersion);
-    Bytes image;
-    image.reserve(size);
-    image.insert(image.end(), Structures.begin(), Structures.end());
-    image.insert(image.end(), Behind.begin(), Behind.end());
-    if (EntryPoint::FindAnchor(image.data(), image.size()) != Structures.size())
-        RaiseFailure(RESULT_TEXT_LIKE_ENTRY_POINT, "a text in the table reads \"_SM_\" like an entry point; "
-                                                   "change it in a copy of the table");
-    return image;
+    Bytes table;
+    table.reserve(size);
+    table.insert(table.end(), Structures.begin(), Structures.end());
+    table.insert(table.end(), Behind.begin(), Behind.end());
+    return table;
 }
 
 } // namespace Protocol::SMBIOS

@@ -3,9 +3,9 @@
 #include "SMBIOSProtocol/ResultStatus.h"
 #include "SMBIOSProtocol/TableImage.h"
 #include "acquisition/EntryPoint.h"
-#include "acquisition/Extent.h"
 #include "services/Failure.h"
 #include "services/Files.h"
+#include "structures/Walk.h"
 
 #include <cerrno>
 #include <string>
@@ -23,7 +23,7 @@ using Bytes = EntryPoint::Bytes;
 constexpr const char* EntryPointFile = "smbios_entry_point";
 constexpr const char* TableFile = "DMI";
 
-constexpr std::size_t TableOffset = 0x20;
+using EntryPoint::TableOffset;
 constexpr std::size_t MaxSize32 = 0xFFFF;
 
 bool IsDenied(int error)

@@ -1,28 +1,21 @@
-// The catalogue of a revision: which structure types are read, and how. Each is made when it is first asked
-// for, by any thread, and lives until the process ends.
+// The catalogue of a revision: which structure types are read, and how.
 
 #pragma once
 
 #include "catalogue/Definition.h"
 
+#include <array>
 #include <unordered_map>
 
 namespace Protocol::SMBIOS::Catalogue {
 
-using Definitions = std::unordered_map<unsigned char, SMBDefinition>; ///< by structure type
-using Tables = std::unordered_map<unsigned char, SMBTable>;           ///< by structure type
+/// All structure types that the data describe, by rising number.
+const std::array<const Type*, 49>& Types();
 
-/// All that one of the revisions V2_3 to V2_7 has of the data below types/.
-const Definitions& DefinitionsOf(Revision revision);
+using Tables = std::unordered_map<unsigned char, SMBTable>; ///< by structure type
 
-/// All data below types/, with sections.
-const Definitions& NewestDefinitions();
-
-/// Those of a revision V2_3 to V2_7, as tables without instances.
-Tables TablesOf(Revision revision);
-
-/// Those of the newest revision that a table of `version` is read with, as tables without instances.
-Tables NewestTables(TableVersion version);
+/// The types that a revision reads of a table of `version`, as tables without instances.
+Tables TablesOf(Revision revision, TableVersion version = {});
 
 /// The same for a type that no data describe.
 SMBTable TableWithoutData();

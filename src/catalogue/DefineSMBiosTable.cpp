@@ -1,18 +1,36 @@
-// From the version of the table to its catalogue, and the fixed top of the tree: the root, a node for each
-// type, and the two inventories.
+// From the version of the table to its catalogue.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "catalogue/Catalogue.h"
 #include "services/Failure.h"
-#include "tree/NodeStore.h"
 
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 
 namespace Protocol::SMBIOS {
 
+namespace {
+
+// The numbers of a text such as "2.7".
+Catalogue::TableVersion VersionIn(const std::string& text)
+{
+    Catalogue::TableVersion version;
+    const char* const end = text.data() + text.size();
+    const char* const point = std::from_chars(text.data(), end, version.Major).ptr;
+    std::from_chars(point + 1, end, version.Minor);
+    return version;
+}
+
+} // namespace
+
 void SMBIOSProtocolImpl::DefineSMBiosTable()
 {
+    if (HowRead == Reading::Newest) {
+        TypeTables = Catalogue::TablesOf(Catalogue::Newest, VersionIn(SMBiosVersion));
+        return;
+    }
+
     using Builder = void (SMBIOSProtocolImpl::*)();
     static constexpr struct {
         std::string_view Version;
@@ -33,17 +51,6 @@ void SMBIOSProtocolImpl::DefineSMBiosTable()
     if (builder == std::end(Builders))
         RaiseFailure(RESULT_UNSUPPORTED_VERSION);
     (this->*builder->Build)();
-    PlantTop();
-}
-
-void SMBIOSProtocolImpl::PlantTop()
-{
-    TreeNode& root = NodeAt(RootPath);
-    Overwrite(root, NODE_INNER);
-    for (const unsigned char type : CataloguedTypes())
-        AddInner(root, "Type" + std::to_string(type));
-    AddInner(root, "ProcessorInfo");
-    AddInner(root, "MemoryArray");
 }
 
 void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_23()
@@ -71,15 +78,6 @@ void SMBIOSProtocolImpl::FillStaticInfoSMBIOSSpec_27()
     TypeTables = Catalogue::TablesOf(Catalogue::V2_7);
 }
 
-void SMBIOSProtocolImpl::FillNewest()
-{
-    Catalogue::TableVersion version;
-    const char* const end = SMBiosVersion.data() + SMBiosVersion.size();
-    const char* const point = std::from_chars(SMBiosVersion.data(), end, version.Major).ptr;
-    std::from_chars(point + 1, end, version.Minor);
-    TypeTables = Catalogue::NewestTables(version);
-}
-
 void SMBIOSProtocolImpl::DefineValidSubTypes()
 {
     ValidSubTypes = {
@@ -87,17 +85,6 @@ void SMBIOSProtocolImpl::DefineValidSubTypes()
         {16, {"MemoryErrorInfoHandle"}},
         {17, {"MemoryErrorInfoHandle"}},
     };
-}
-
-// The types are visited in this order wherever all of them are: a tree is the same on every platform,
-// whatever the order of its hash map.
-std::vector<unsigned char> SMBIOSProtocolImpl::CataloguedTypes() const
-{
-    std::vector<unsigned char> types;
-    for (const auto& [type, table] : TypeTables)
-        types.push_back(type);
-    std::sort(types.begin(), types.end());
-    return types;
 }
 
 } // namespace Protocol::SMBIOS

@@ -8,6 +8,23 @@
 #include "SMBIOSProtocol/SMBTable.h"
 
 #include <cstddef>
+#include <string_view>
+
+namespace Protocol::SMBIOS {
+
+/// How a field's bytes are printed.
+enum class FieldInterpretation {
+    Decimal = 1, ///< little-endian number in decimal; eight bytes with a sign
+    String = 2,  ///< string number, resolved to its string
+    Hex = 3,     ///< bytes in hexadecimal behind "0X"
+    HexBare = 4, ///< bytes in hexadecimal
+
+    // of the newest catalogue alone
+    Signed = 5,   ///< little-endian two's complement in decimal
+    Unsigned = 6, ///< little-endian number in decimal, eight bytes without a sign
+};
+
+} // namespace Protocol::SMBIOS
 
 namespace Protocol::SMBIOS::Catalogue {
 
@@ -44,7 +61,49 @@ struct Row {
     constexpr bool Has(Revision revision) const { return From <= revision && revision <= To; }
 };
 
-enum class TableKind : unsigned char { None, Enumeration, MaskedEnumeration, Bits, Decoder, Packed };
+/// How the number in a field becomes words.
+enum class TableKind : unsigned char {
+    None, ///< it does not
+    Enumeration,
+    MaskedEnumeration, ///< of the low seven bits
+    Bits,              ///< a leaf for each reported bit
+    Packed,            ///< several values in the bits of one
+
+    // decoders
+    BiosRomSize,
+    ProcessorStatus,
+    VoltageCapability,
+    CacheSize,
+    CacheConfiguration,
+    Flags,
+    HardwareSecuritySettings,
+    IpmiSpecRev,
+    Uuid,
+};
+
+/// The decoder that a header names.
+constexpr TableKind DecoderOf(std::string_view header)
+{
+    constexpr struct {
+        std::string_view Header;
+        TableKind Kind;
+    } Decoders[] = {
+        {"BIOSRomSize", TableKind::BiosRomSize},
+        {"Status", TableKind::ProcessorStatus},
+        {"VoltageCapability", TableKind::VoltageCapability},
+        {"CacheSize", TableKind::CacheSize},
+        {"CacheConfiguration", TableKind::CacheConfiguration},
+        {"Flags", TableKind::Flags},
+        {"HardwareSecuritySettings", TableKind::HardwareSecuritySettings},
+        {"IPMISpecRev", TableKind::IpmiSpecRev},
+        {"UUID", TableKind::Uuid},
+    };
+    for (const auto& decoder : Decoders) {
+        if (decoder.Header == header)
+            return decoder.Kind;
+    }
+    throw "no decoder has this header"; // no constant: the compiler refuses the row
+}
 
 struct Part;
 
@@ -92,13 +151,13 @@ constexpr Table Bits(int bitCount, const Row (&rows)[N])
 template <std::size_t N>
 constexpr Table DecodedBy(const char* header, const Row (&rows)[N])
 {
-    return {TableKind::Decoder, header, 0, rows, N};
+    return {DecoderOf(header), header, 0, rows, N};
 }
 
 /// A decoder that needs no texts.
 constexpr Table DecodedBy(const char* header)
 {
-    return {TableKind::Decoder, header, 0, nullptr, 0};
+    return {DecoderOf(header), header, 0, nullptr, 0};
 }
 
 /// A value in some bits of a packed one.
@@ -317,6 +376,15 @@ struct Type {
         : Number(number), Indexed(instances == Instances::Indexed), From(from), Fields(fields), FieldCount(N),
           First(FieldsOf(fields)), Sections(sections), SectionCount(M), SectionsSince(since)
     {
+    }
+
+    /// How many of the fields a revision has. They are the first ones: a revision adds at the end.
+    constexpr std::size_t FieldCountIn(Revision revision) const
+    {
+        std::size_t count = 0;
+        while (count < FieldCount && Fields[count].From <= revision)
+            ++count;
+        return count;
     }
 
     unsigned char Number;

@@ -5,6 +5,7 @@
 //                                 bit 7 enabled at boot, bits 9:8 operation mode
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "catalogue/ValueTable.h"
 #include "tree/NodeStore.h"
 
 namespace Protocol::SMBIOS {
@@ -12,9 +13,10 @@ namespace Protocol::SMBIOS {
 // The size stays a count of units: 1K or 64K.
 std::string SMBIOSProtocolImpl::CalculateCacheSize(int value, const ValueTable& table, TreeNode& node)
 {
-    Overwrite(node, NODE_INNER);
-    AddLeaf(node, "Size", ConvertIntToString(static_cast<unsigned int>(value & 0x7FFF)));
-    AddWord(node, "Unit", table.Text((value & 0x8000) != 0 ? 2 : 1));
+    ResultNodes->Overwrite(node, NODE_INNER);
+    AddNode(node, "Size", NODE_LEAF,
+            ResultNodes->Keep(ConvertIntToString(static_cast<unsigned int>(value & 0x7FFF))));
+    AddNode(node, "Unit", NODE_LEAF, table.Text((value & 0x8000) != 0 ? 2 : 1));
     return {};
 }
 
@@ -29,9 +31,9 @@ std::string SMBIOSProtocolImpl::CalculateCacheConfiguration(int value, const Val
         {"Location", (value >> 5 & 3) + 11},       {"At Boot Time", (value & 0x80) != 0 ? 16 : 15},
         {"Operation Mode", (value >> 8 & 3) + 17},
     };
-    Overwrite(node, NODE_INNER);
+    ResultNodes->Overwrite(node, NODE_INNER);
     for (const auto& child : children)
-        AddWord(node, child.Name, table.Text(child.Row));
+        AddNode(node, child.Name, NODE_LEAF, table.Text(child.Row));
     return {};
 }
 

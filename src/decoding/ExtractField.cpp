@@ -1,6 +1,7 @@
 // One field's bytes as text.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "catalogue/Definition.h"
 #include "structures/LittleEndian.h"
 
 #include <charconv>

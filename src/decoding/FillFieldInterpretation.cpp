@@ -1,12 +1,15 @@
-// From a field's text to words. The form of the field's value table, and not the field's name, chooses the
+// From a field's text to words. The kind of the field's value table, and not the field's name, chooses the
 // reading.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "catalogue/ValueTable.h"
 #include "tree/NodeStore.h"
 
 #include <charconv>
 
 namespace Protocol::SMBIOS {
+
+using Catalogue::TableKind;
 
 namespace {
 
@@ -21,6 +24,18 @@ unsigned long long NumberOf(std::string_view text)
     return isNegative ? 0 - number : number;
 }
 
+// A value without a row reads as empty text. A processor's family keeps its number beside the text, in a node
+// that no other lists.
+void InterpretEnumeration(NodeStore& nodes, TreeNode& node, std::string_view value, std::string_view text)
+{
+    nodes.Overwrite(node, NODE_LEAF, text);
+    if (node.Path.find("ProcessorFamily") != std::string_view::npos) {
+        TreeNode& number = nodes.At(std::string(node.Path) + "_Raw");
+        nodes.Overwrite(number, NODE_LEAF, nodes.Keep(value));
+        number.ParentSize = node.ParentSize;
+    }
+}
+
 } // namespace
 
 // Stores all nodes of the field at `node`, which its structure already lists.
@@ -30,70 +45,50 @@ void SMBIOSProtocolImpl::FillFieldInterpretation(TreeNode& node, std::string_vie
     const unsigned long long number = NumberOf(value);
     const int low = static_cast<int>(static_cast<unsigned int>(number));
 
-    switch (table.Form()) {
-    case ValueForm::Bits:
-        InterpretBits(number, table, node);
+    switch (table.Kind()) {
+    case TableKind::None:
+    case TableKind::Packed:
         break;
-    case ValueForm::Enumeration:
-        InterpretEnumeration(node, value, table.Text(low + 1));
+    case TableKind::Bits: // a leaf for each reported bit, set or not, from the lowest up
+        ResultNodes->Overwrite(node, NODE_INNER);
+        table.ForEachRow([&](const Catalogue::Row& bit) {
+            const bool isSet = bit.Value < 32 && (number >> bit.Value & 1U) != 0;
+            AddNode(node, bit.Text, NODE_LEAF, isSet ? "Supported" : "Not Supported");
+        });
         break;
-    case ValueForm::MaskedEnumeration:
-        Overwrite(node, NODE_LEAF, table.Text((low & 0x7F) + 1));
+    case TableKind::Enumeration:
+        InterpretEnumeration(*ResultNodes, node, value, table.Text(low));
         break;
-    case ValueForm::BiosRomSize:
+    case TableKind::MaskedEnumeration:
+        ResultNodes->Overwrite(node, NODE_LEAF, table.Text(low & 0x7F));
+        break;
+    case TableKind::BiosRomSize:
         InsertLeafXNode(CalculateBIOSRomSize(low), node);
         break;
-    case ValueForm::ProcessorStatus:
+    case TableKind::ProcessorStatus:
         CalculateProcessorStatus(low, table, node);
         break;
-    case ValueForm::VoltageCapability:
+    case TableKind::VoltageCapability:
         InsertLeafXNode(CalculateProcessorVoltage(low, table), node);
         break;
-    case ValueForm::CacheSize:
+    case TableKind::CacheSize:
         CalculateCacheSize(low, table, node);
         break;
-    case ValueForm::CacheConfiguration:
+    case TableKind::CacheConfiguration:
         CalculateCacheConfiguration(low, table, node);
         break;
-    case ValueForm::Flags:
+    case TableKind::Flags:
         InsertLeafXNode(CalculateFlag(low, table), node);
         break;
-    case ValueForm::HardwareSecuritySettings:
+    case TableKind::HardwareSecuritySettings:
         CalculateHardwareSecuritySettings(low, table, node);
         break;
-    case ValueForm::IpmiSpecRev:
+    case TableKind::IpmiSpecRev:
         InsertLeafXNode(CalculateIPMISpecRev(low), node);
         break;
-    case ValueForm::Uuid:
+    case TableKind::Uuid:
         InsertLeafXNode(interpretUUID(value), node);
         break;
-    }
-}
-
-// A value without a row reads as empty text. A processor's family keeps its number beside the text, in a node
-// that no other lists.
-void SMBIOSProtocolImpl::InterpretEnumeration(TreeNode& node, std::string_view value, std::string_view text)
-{
-    Overwrite(node, NODE_LEAF, text);
-    if (node.Path.find("ProcessorFamily") != std::string_view::npos) {
-        TreeNode& number = NodeAt(node.Path, "_Raw");
-        InsertLeafXNode(value, number);
-        number.ParentSize = node.ParentSize;
-    }
-}
-
-// One leaf for each reported bit, set or not, from the lowest up.
-void SMBIOSProtocolImpl::InterpretBits(unsigned long long value, const ValueTable& table, TreeNode& node)
-{
-    Overwrite(node, NODE_INNER);
-    const auto bits = static_cast<unsigned int>(value);
-    const std::string& reported = table.Header();
-    std::size_t row = 0;
-    for (std::size_t bit = 0; bit < reported.size(); ++bit) {
-        if (reported[bit] != '1')
-            continue;
-        const bool isSet = bit < 32 && (bits >> bit & 1U) != 0;
-        AddWord(node, table.Rows()[row++].Text, isSet ? "Supported" : "Not Supported");
     }
 }
 

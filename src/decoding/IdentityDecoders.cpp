@@ -8,6 +8,7 @@
 //   UUID                       16 bytes; the first three groups are little-endian numbers of 4, 2 and 2 bytes
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "catalogue/ValueTable.h"
 #include "tree/NodeStore.h"
 
 namespace Protocol::SMBIOS {
@@ -22,9 +23,9 @@ std::string SMBIOSProtocolImpl::CalculateHardwareSecuritySettings(int value, con
 {
     static constexpr std::string_view Children[] = {"FrontPanelReset", "AdministratorPassword",
                                                     "KeyboardPassword", "PowerOnPassword"};
-    Overwrite(node, NODE_INNER);
+    ResultNodes->Overwrite(node, NODE_INNER);
     for (const std::string_view child : Children) {
-        AddWord(node, child, table.Text((value & 3) + 1));
+        AddNode(node, child, NODE_LEAF, table.Text((value & 3) + 1));
         value >>= 2;
     }
     return {};

@@ -5,15 +5,16 @@
 //                       bit 7 clear: bits 0, 1, 2 the voltages that the socket takes
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "catalogue/ValueTable.h"
 #include "tree/NodeStore.h"
 
 namespace Protocol::SMBIOS {
 
 std::string SMBIOSProtocolImpl::CalculateProcessorStatus(int value, const ValueTable& table, TreeNode& node)
 {
-    Overwrite(node, NODE_INNER);
-    AddWord(node, "CPUStatus", table.Text((value & 7) + 1));
-    AddWord(node, "CPU Socket Populated", (value & 0x40) != 0 ? "Yes" : "No");
+    ResultNodes->Overwrite(node, NODE_INNER);
+    AddNode(node, "CPUStatus", NODE_LEAF, table.Text((value & 7) + 1));
+    AddNode(node, "CPU Socket Populated", NODE_LEAF, (value & 0x40) != 0 ? "Yes" : "No");
     return {};
 }
 

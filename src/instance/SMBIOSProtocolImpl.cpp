@@ -14,9 +14,9 @@ SMBIOSProtocolImpl& SMBIOSProtocolImpl::CreateInstance()
     return smb;
 }
 
-SMBIOSProtocolImpl::SMBIOSProtocolImpl() : RootPath("/SMBIOS"), ResultNodes(std::make_shared<NodeStore>())
+SMBIOSProtocolImpl::SMBIOSProtocolImpl() : RootPath("/SMBIOS")
 {
-    ReadMachine();
+    InitSMBiosTable();
 }
 
 SMBIOSProtocolImpl::SMBIOSProtocolImpl(unsigned char* image, unsigned short size, std::string rootPath)
@@ -30,37 +30,20 @@ SMBIOSProtocolImpl::SMBIOSProtocolImpl(unsigned char* image, unsigned short size
 SMBIOSProtocolImpl::SMBIOSProtocolImpl(const TableImage& table, Reading reading, std::string rootPath)
     : RootPath(std::move(rootPath)), ResultNodes(std::make_shared<NodeStore>()), HowRead(reading)
 {
-    std::vector<unsigned char> bytes = reading == Reading::Newest ? table.Table() : table.ImageByVersion();
-    if (reading == Reading::Newest)
-        TakeTable(bytes, table);
-    else
-        GetSMBiosEntryPtr(bytes.data(), bytes.size());
+    std::vector<unsigned char> bytes = reading == Reading::Newest ? table.Table() : table.TableByVersion();
+    SMBiosVersion = std::to_string(table.Major()) + "." + std::to_string(table.Minor());
+    TableBase = bytes.data();
+    TableLength = static_cast<unsigned int>(bytes.size());
     BuildTree();
     decltype(bytes)().swap(bytes); // ahead of the ordering of children, which takes room
     Finish();
 }
 
-void SMBIOSProtocolImpl::ReadMachine()
-{
-    GetSMBiosEntryPtr();
-    BuildTree();
-    DumpMemorySPD();
-    InitBiosReservedMem();
-    Finish();
-}
-
 void SMBIOSProtocolImpl::BuildTree()
 {
-    if (HowRead == Reading::Newest) {
-        FillNewest();
-        DefineValidSubTypes();
-        ParseWithNewest();
-        PlantTop(); // behind the walk, which meets types that no data describe
-    } else {
-        DefineSMBiosTable();
-        DefineValidSubTypes();
-        ParseSMBiosTable();
-    }
+    DefineSMBiosTable();
+    DefineValidSubTypes();
+    ParseSMBiosTable();
     FillSMBIOSDataTables();
     FillSubTypeDataTables();
     FillMemoryArray();
@@ -93,7 +76,11 @@ void SMBIOSProtocolImpl::InitSMBiosTable()
     TypeTables.clear();
     ResultNodes = std::make_shared<NodeStore>();
 
-    ReadMachine();
+    GetSMBiosEntryPtr();
+    BuildTree();
+    DumpMemorySPD();
+    InitBiosReservedMem();
+    Finish();
 }
 
 SMBIOSProtocolImpl::SMBIOSProtocolImpl(const SMBIOSProtocolImpl& source)

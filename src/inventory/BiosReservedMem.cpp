@@ -13,9 +13,9 @@ namespace {
 // The number in a leaf, 0 where there is no leaf.
 unsigned int NumberIn(const TreeNode* leaf)
 {
+    const std::string_view text = leaf == nullptr ? std::string_view() : leaf->Value;
     unsigned int number = 0;
-    if (leaf != nullptr)
-        std::from_chars(leaf->Value.data(), leaf->Value.data() + leaf->Value.size(), number);
+    std::from_chars(text.data(), text.data() + text.size(), number);
     return number;
 }
 
@@ -23,8 +23,8 @@ unsigned int NumberIn(const TreeNode* leaf)
 
 void SMBIOSProtocolImpl::InitBiosReservedMem()
 {
-    ReservedMemAddress = NumberIn(FindNode("/SMBIOS/Type133/Address"));
-    ReservedMemSize = NumberIn(FindNode("/SMBIOS/Type133/Size"));
+    ReservedMemAddress = NumberIn(ResultNodes->Find("/SMBIOS/Type133/Address"));
+    ReservedMemSize = NumberIn(ResultNodes->Find("/SMBIOS/Type133/Size"));
 }
 
 // NOLINTNEXTLINE(readability-make-member-function-const): the public signature is not const

@@ -58,12 +58,12 @@ bool IsOffered(unsigned int address, unsigned int length)
 
 void SMBIOSProtocolImpl::DumpMemorySPD()
 {
-    const TreeNode* const blocks = FindNode("/SMBIOS/Type132");
+    const TreeNode* const blocks = ResultNodes->Find("/SMBIOS/Type132");
     if (blocks == nullptr)
         return;
     for (TreeNode* const block : ResultNodes->Children(*blocks)) {
-        const TreeNode* const start = FindChild(*block, "Address");
-        const TreeNode* const size = FindChild(*block, "Size");
+        const TreeNode* const start = ResultNodes->FindChild(*block, "Address");
+        const TreeNode* const size = ResultNodes->FindChild(*block, "Size");
         if (start == nullptr || size == nullptr)
             continue;
         const unsigned int address = NumberOf(start->Value);
@@ -71,7 +71,8 @@ void SMBIOSProtocolImpl::DumpMemorySPD()
         if (!IsOffered(address, length))
             continue;
         MapUnderLock(address, length, EntryMapping, Function, __LINE__);
-        AddLeaf(*block, "SPD_RAW", HexText(static_cast<const unsigned char*>(EntryMapping->Pointer), length));
+        const auto* const bytes = static_cast<const unsigned char*>(EntryMapping->Pointer);
+        AddNode(*block, "SPD_RAW", NODE_LEAF, ResultNodes->Keep(HexText(bytes, length)));
     }
 }
 

@@ -10,63 +10,60 @@ namespace {
 
 constexpr unsigned char PhysicalMemoryArray = 16;
 
-} // namespace
-
-struct SMBIOSProtocolImpl::MemoryDevice {
-    const TreeNode* Node;
-    bool IsPresent;
-};
-
-void SMBIOSProtocolImpl::FillMemoryArray()
-{
-    const TreeNode* const arrays = FindNode(RootPath + "/Type16");
-    if (arrays == nullptr)
-        return;
-    TreeNode& list = NodeAt(RootPath, "/MemoryArray");
-    AddLeaf(list, "TotalNoOfArray", ConvertIntToString(arrays->ChildCount));
-
-    const DevicesByArray devices = GroupDevices();
-    const std::vector<MemoryDevice> none;
-    const std::vector<SMBiosStructure>& instances = TypeTables.at(PhysicalMemoryArray).Instances;
-    std::size_t n = 0;
-    for (const TreeNode* source : ResultNodes->Children(*arrays)) {
-        const auto members = devices.find(ConvertIntToString(instances[n].Handle));
-        TreeNode& array = ListInstance(list, ++n);
-        FillInfo(*source, array);
-        TreeNode& memberList = AddInner(array, "MemoryDevice");
-        FillPresentMemory(array, memberList, members == devices.end() ? none : members->second);
-    }
-}
+using DevicesByArray = std::unordered_map<std::string_view, std::vector<const TreeNode*>>;
 
 // The memory devices by the text of the array handle that they name. A device without a size or an array
-// handle belongs to none. One counts as present whatever its size, if only that is not 0.
-SMBIOSProtocolImpl::DevicesByArray SMBIOSProtocolImpl::GroupDevices() const
+// handle belongs to none.
+DevicesByArray GroupDevices(const NodeStore& nodes, const TreeNode& all)
 {
     DevicesByArray devices;
-    const TreeNode* const all = FindNode(RootPath + "/Type17");
-    for (const TreeNode* device : ResultNodes->Children(*all)) {
-        const TreeNode* const arrayHandle = FindChild(*device, "MemoryArrayHandle");
-        const TreeNode* const size = FindChild(*device, "Size");
-        if (arrayHandle != nullptr && size != nullptr)
-            devices[arrayHandle->Value].push_back({device, size->Value != "0"});
+    for (const TreeNode* device : nodes.Children(all)) {
+        const TreeNode* const arrayHandle = nodes.FindChild(*device, "MemoryArrayHandle");
+        if (arrayHandle != nullptr && nodes.FindChild(*device, "Size") != nullptr)
+            devices[arrayHandle->Value].push_back(device);
     }
     return devices;
 }
 
-// Fills one array: its devices below `list`, and how many are present.
+} // namespace
+
+void SMBIOSProtocolImpl::FillMemoryArray()
+{
+    const TreeNode* const arrays = ResultNodes->Find(RootPath + "/Type16");
+    if (arrays == nullptr)
+        return;
+    TreeNode& list = ResultNodes->At(RootPath + "/MemoryArray");
+    AddNode(list, "TotalNoOfArray", NODE_LEAF, ResultNodes->Keep(ConvertIntToString(arrays->ChildCount)));
+
+    const DevicesByArray devices = GroupDevices(*ResultNodes, *ResultNodes->Find(RootPath + "/Type17"));
+    const std::vector<const TreeNode*> none;
+    const std::vector<SMBiosStructure>& instances = TypeTables.at(PhysicalMemoryArray).Instances;
+    std::size_t n = 0;
+    for (const TreeNode* source : ResultNodes->Children(*arrays)) {
+        const auto members = devices.find(ConvertIntToString(instances[n].Handle));
+        TreeNode& array = ResultNodes->ListInstance(list, ++n);
+        FillInfo(*source, array);
+        TreeNode& memberList = AddNode(array, "MemoryDevice", NODE_INNER);
+        FillPresentMemory(array, memberList, members == devices.end() ? none : members->second);
+    }
+}
+
+// Fills one array: its devices below `list`, and how many are present. A device counts as present whatever
+// its size, if only that is not 0.
 void SMBIOSProtocolImpl::FillPresentMemory(TreeNode& array, TreeNode& list,
-                                           const std::vector<MemoryDevice>& devices)
+                                           const std::vector<const TreeNode*>& devices)
 {
     std::size_t present = 0;
     std::size_t k = 0;
-    for (const MemoryDevice& device : devices) {
-        TreeNode& copy = ListInstance(list, ++k);
-        FillInfo(*device.Node, copy);
-        AddWord(copy, "DevicePresent", device.IsPresent ? "True" : "False");
-        if (device.IsPresent)
+    for (const TreeNode* device : devices) {
+        const bool isPresent = ResultNodes->FindChild(*device, "Size")->Value != "0";
+        TreeNode& copy = ResultNodes->ListInstance(list, ++k);
+        FillInfo(*device, copy);
+        AddNode(copy, "DevicePresent", NODE_LEAF, isPresent ? "True" : "False");
+        if (isPresent)
             ++present;
     }
-    AddLeaf(array, "TotalNoOfDevicePresent", ConvertIntToString(present));
+    AddNode(array, "TotalNoOfDevicePresent", NODE_LEAF, ResultNodes->Keep(ConvertIntToString(present)));
 }
 
 } // namespace Protocol::SMBIOS

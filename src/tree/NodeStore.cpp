@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 #include <unordered_set>
 
 namespace Protocol::SMBIOS {
@@ -68,12 +69,13 @@ struct PlacedChild {
     }
 };
 
-// Puts the children each once behind `end`, the end of the row, if any is listed twice. Gives the new end.
+// Puts the children each once behind `end`, the end of the rows, if any is listed twice. Gives the new end.
 const TreeNode** AddDistinct(TreeNode& node, const TreeNode** end)
 {
     std::unordered_set<const TreeNode*> visited;
+    const NodeRow listed = node.Listed();
     const TreeNode** const distinctEnd =
-        std::copy_if(node.Row, node.Row + node.ChildCount, end,
+        std::copy_if(listed.begin(), listed.end(), end,
                      [&visited](const TreeNode* child) { return visited.insert(child).second; });
     node.ListsRepeats = static_cast<std::size_t>(distinctEnd - end) != node.ChildCount;
     if (!node.ListsRepeats)
@@ -90,6 +92,17 @@ const char* TreeTooLarge::what() const noexcept
            "exhaust memory";
 }
 
+NodeRow TreeNode::Distinct() const
+{
+    if (!ListsRepeats)
+        return Listed();
+    const TreeNode* const* const first = Rows + std::size_t{2} * ChildCount;
+    const TreeNode* const* end = first;
+    while (*end != nullptr)
+        ++end;
+    return {first, static_cast<std::size_t>(end - first)};
+}
+
 NodeStore::~NodeStore()
 {
     std::free(RawBlock);
@@ -103,6 +116,17 @@ TreeNode* NodeStore::Find(std::string_view path) const
     return number == 0 ? nullptr : &Nodes[number - 1];
 }
 
+const TreeNode* NodeStore::FindChild(const TreeNode& parent, std::string_view name) const
+{
+    const std::size_t size = parent.Path.size() + 1 + name.size();
+    for (const TreeNode* child : Children(parent)) {
+        if (child->Path.size() == size && child->Path.substr(parent.Path.size() + 1) == name)
+            return child;
+    }
+    return nullptr;
+}
+
+// The number of the node at the three texts, joined.
 std::uint32_t NodeStore::FindOrAdd(std::string_view first, std::string_view second, std::string_view third)
 {
     if (Nodes.Size() >= RoomOf(Slots.size()))
@@ -155,16 +179,46 @@ void NodeStore::GrowIndex(std::size_t size)
     Slots.swap(grown);
 }
 
-void NodeStore::List(TreeNode& parent, std::uint32_t child)
+TreeNode& NodeStore::ListChild(TreeNode& parent, std::string_view separator, std::string_view name)
 {
-    const auto number = static_cast<std::uint32_t>(Listings.Size());
-    Listings.Append({child, 0});
+    CountWrite();
+    const std::size_t nodesBefore = Nodes.Size();
+    const std::uint32_t number = FindOrAdd(parent.Path, separator, name);
+    if (Nodes.Size() == nodesBefore)
+        parent.ListsRepeats = true;
+    TreeNode& child = Nodes[number];
+    child.ParentSize = static_cast<std::uint32_t>(parent.Path.size());
+
+    const auto listing = static_cast<std::uint32_t>(Listings.Size());
+    Listings.Append({number, 0});
     if (parent.ChildCount == 0)
-        parent.Chain.First = number;
+        parent.Chain.First = listing;
     else
-        Listings[parent.Chain.Last].Next = number;
-    parent.Chain.Last = number;
+        Listings[parent.Chain.Last].Next = listing;
+    parent.Chain.Last = listing;
     ++parent.ChildCount;
+    return child;
+}
+
+TreeNode& NodeStore::ListInstance(TreeNode& parent, std::size_t index)
+{
+    return ListChild(parent, "[", std::to_string(index) + "]");
+}
+
+TreeNode& NodeStore::AddInstance(TreeNode& parent, std::size_t index)
+{
+    TreeNode& instance = ListInstance(parent, index);
+    Overwrite(instance, NODE_INNER);
+    return instance;
+}
+
+void NodeStore::Overwrite(TreeNode& node, _NODE_TYPE type, std::string_view lasting)
+{
+    CountWrite();
+    node.IsLeaf = type == NODE_LEAF;
+    node.Value = lasting;
+    node.ChildCount = 0;
+    node.ListsRepeats = false;
 }
 
 void NodeStore::OrderChildren()
@@ -174,15 +228,15 @@ void NodeStore::OrderChildren()
         const std::size_t count = Nodes[i].ChildCount;
         size += Nodes[i].ListsRepeats ? 3 * count + 1 : 2 * count;
     }
-    Rows.reset(new const TreeNode*[size]);
+    ChildRows.reset(new const TreeNode*[size]);
 
-    const TreeNode** end = Rows.get();
+    const TreeNode** end = ChildRows.get();
     std::vector<PlacedChild> byPath;
     for (std::size_t i = 0; i < Nodes.Size(); ++i) {
         TreeNode& node = Nodes[i];
-        const TreeNode** const row = end;
+        const TreeNode** const rows = end;
         if (node.ChildCount == 0) {
-            node.Row = row;
+            node.Rows = rows;
             continue;
         }
         byPath.clear();
@@ -193,7 +247,7 @@ void NodeStore::OrderChildren()
         std::sort(byPath.begin(), byPath.end());
         for (const PlacedChild& child : byPath)
             *end++ = child.Node;
-        node.Row = row;
+        node.Rows = rows;
         if (node.ListsRepeats)
             end = AddDistinct(node, end);
     }
@@ -222,6 +276,7 @@ void NodeStore::AddBlock(std::size_t size)
     TextSize += blockSize;
 }
 
+// One write to the tree.
 void NodeStore::CountWrite()
 {
     if (Writes == TreeTooLarge::MaxWrites)

@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include "SMBIOSProtocol/XNode.h"
 #include "tree/StableList.h"
 
 #include <cstddef>
@@ -22,21 +23,36 @@ struct ListingChain {
     std::uint32_t Last;
 };
 
-/// A node. While the tree grows, its children are a chain in the store; once it is complete, a row.
+struct TreeNode;
+
+/// Some nodes, one behind the other.
+struct NodeRow {
+    const TreeNode* const* First;
+    std::size_t Count;
+
+    const TreeNode* const* begin() const { return First; }
+    const TreeNode* const* end() const { return First + Count; }
+};
+
+/// A node. While the tree grows, its children are a chain in the store; in a complete tree they are rows.
 struct TreeNode {
     std::string_view Path;
     std::string_view Value; ///< of a leaf
     union {
         ListingChain Chain;
-        /// The children in the order in which they were listed, a repeated one as often; behind them as many
-        /// by rising path; and where ListsRepeats holds, each once in the first order, with a null at the
-        /// end.
-        const TreeNode* const* Row;
+        /// The children as listed, then by path, and where ListsRepeats holds, each once with a null behind
+        /// the last.
+        const TreeNode* const* Rows;
     };
     std::uint32_t ParentSize; ///< length of the path of the parent; 0: the root
     std::uint32_t ChildCount : 30;
     bool IsLeaf : 1;
     bool ListsRepeats : 1; ///< whether a child may be listed twice; in a complete tree, whether one is
+
+    // Of a complete tree.
+    NodeRow Listed() const { return {Rows, ChildCount}; } ///< in the order of listing, repeats included
+    NodeRow ByPath() const { return {Rows + ChildCount, ChildCount}; } ///< by rising path, repeats included
+    NodeRow Distinct() const; ///< in the order of listing, each node where it was listed first
 };
 
 /// A child in the list of its parent.
@@ -90,22 +106,28 @@ public:
     /// The node at `path`, null where there is none.
     TreeNode* Find(std::string_view path) const;
 
-    /// The number of the node at the three texts, joined; where there is none, of a new inner node without
-    /// children.
-    std::uint32_t FindOrAdd(std::string_view first, std::string_view second = {},
-                            std::string_view third = {});
+    /// The child of `parent` at "/" and `name`, while the tree grows; null where none is listed.
+    const TreeNode* FindChild(const TreeNode& parent, std::string_view name) const;
 
-    /// A node by its number. It stays where it is for the store's life.
-    TreeNode& operator[](std::uint32_t number) { return Nodes[number]; }
+    /// The node at `path`; where there is none, a new inner node without children.
+    TreeNode& At(std::string_view path) { return Nodes[FindOrAdd(path, {}, {})]; }
 
-    /// How many nodes there are.
-    std::size_t Size() const { return Nodes.Size(); }
+    /// Lists a child of `parent` at `separator` and `name` behind the others. A new one is an inner node
+    /// without children.
+    TreeNode& ListChild(TreeNode& parent, std::string_view separator, std::string_view name);
+
+    /// The same at an index: "[2]".
+    TreeNode& ListInstance(TreeNode& parent, std::size_t index);
+
+    /// The same, stored as an inner node.
+    TreeNode& AddInstance(TreeNode& parent, std::size_t index);
+
+    /// Stores a new node in the place of `node`, whose value and children go. `lasting` is a leaf's value and
+    /// must live as long as the tree.
+    void Overwrite(TreeNode& node, _NODE_TYPE type, std::string_view lasting = {});
 
     /// Makes room in the index for so many nodes in all, ahead of them.
     void Reserve(std::size_t nodeCount);
-
-    /// Lists the node with the number `child` as the last child of `parent`.
-    void List(TreeNode& parent, std::uint32_t child);
 
     /// The children of `node`, each as often as it is listed, in that order, for a range-based for loop. For
     /// a tree that grows; meanwhile other nodes may get more children.
@@ -121,9 +143,6 @@ public:
     /// afterwards.
     void OrderChildren();
 
-    /// Counts one write to the tree. Throws TreeTooLarge at the first beyond the limit.
-    void CountWrite();
-
     /// Counts what a long text takes beside its own write, one for each further 254 characters: where strings
     /// are kept whole, few fields that name one long string could else exhaust memory.
     void CountText(std::string_view text);
@@ -138,6 +157,8 @@ private:
         std::uint32_t Number;
     };
 
+    std::uint32_t FindOrAdd(std::string_view first, std::string_view second, std::string_view third);
+    void CountWrite();
     std::string_view Join(std::string_view first, std::string_view second, std::string_view third);
     void AddBlock(std::size_t size);
     std::size_t SlotOf(std::string_view path, std::uint32_t hash) const;
@@ -146,7 +167,7 @@ private:
     StableList<TreeNode> Nodes;
     std::vector<Slot> Slots;      ///< by hash; a node that finds its slot taken goes to the next free one
     StableList<Listing> Listings; ///< while the tree grows
-    std::unique_ptr<const TreeNode*[]> Rows; ///< when it is complete
+    std::unique_ptr<const TreeNode*[]> ChildRows; ///< when it is complete
     std::vector<std::unique_ptr<char[]>> TextBlocks;
     std::size_t TextSize = 0; ///< bytes in all blocks
     char* TextEnd = nullptr;  ///< where the next text goes

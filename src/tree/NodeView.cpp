@@ -1,6 +1,5 @@
 #include "SMBIOSProtocol/NodeView.h"
 
-#include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "tree/NodeStore.h"
 
 namespace Protocol::SMBIOS {
@@ -30,23 +29,14 @@ std::string_view NodeView::Value() const noexcept
 
 NodeRange NodeView::Children() const noexcept
 {
-    return {Node->Row, Node->ChildCount};
+    const NodeRow row = Node->Listed();
+    return {row.First, row.Count};
 }
 
 NodeRange NodeView::DistinctChildren() const noexcept
 {
-    if (!Node->ListsRepeats)
-        return Children();
-    const TreeNode* const* const first = Node->Row + std::size_t{2} * Node->ChildCount;
-    const TreeNode* const* end = first;
-    while (*end != nullptr)
-        ++end;
-    return {first, static_cast<std::size_t>(end - first)};
-}
-
-NodeView SMBIOSProtocolImpl::Find(std::string_view path) const
-{
-    return NodeView(FindNode(path));
+    const NodeRow row = Node->Distinct();
+    return {row.First, row.Count};
 }
 
 } // namespace Protocol::SMBIOS

@@ -1,8 +1,9 @@
-// The two passes that fill the tree: every structure under its type, then the structures that others name by
-// handle, each under the field that names it.
+// What fills the tree: its top, with a node for each type; then every structure under its type; then the
+// structures that others name by handle, each under the field that names it.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "SMBIOSProtocol/TreeTooLarge.h"
+#include "catalogue/Definition.h"
 #include "tree/NodeStore.h"
 
 #include <algorithm>
@@ -33,20 +34,42 @@ bool MayFollow(std::size_t index, const std::vector<SubTypeLink>& links,
     return depth <= MaxLinkDepth;
 }
 
-} // namespace
+using Tables = std::unordered_map<unsigned char, SMBTable>;
 
-std::size_t SMBIOSProtocolImpl::ExpectedNodes() const
+// About as many nodes as the tree will have.
+std::size_t ExpectedNodes(const Tables& tables)
 {
     std::size_t fieldCount = 0;
-    for (const auto& [type, table] : TypeTables)
-        fieldCount += table.Instances.size() * table.Definition->Fields.size();
+    for (const auto& [type, table] : tables)
+        fieldCount += table.Instances.size() * table.Definition->FieldCountIn(table.ReadAs);
     return std::min<std::size_t>(NodesOfAField * fieldCount, TreeTooLarge::MaxWrites / WritesOfANode);
 }
 
+// By rising number: a tree is the same on every platform, whatever the order of its hash map.
+std::vector<unsigned char> TypesOf(const Tables& tables)
+{
+    std::vector<unsigned char> types;
+    for (const auto& [type, table] : tables)
+        types.push_back(type);
+    std::sort(types.begin(), types.end());
+    return types;
+}
+
+} // namespace
+
 void SMBIOSProtocolImpl::FillSMBIOSDataTables()
 {
-    ResultNodes->Reserve(ExpectedNodes());
-    for (const unsigned char type : CataloguedTypes())
+    ResultNodes->Reserve(ExpectedNodes(TypeTables));
+    const std::vector<unsigned char> types = TypesOf(TypeTables);
+
+    TreeNode& root = ResultNodes->At(RootPath);
+    ResultNodes->Overwrite(root, NODE_INNER);
+    for (const unsigned char type : types)
+        AddNode(root, "Type" + std::to_string(type), NODE_INNER);
+    AddNode(root, "ProcessorInfo", NODE_INNER);
+    AddNode(root, "MemoryArray", NODE_INNER);
+
+    for (const unsigned char type : types)
         SMBiosDataTable(RootPath + "/Type" + std::to_string(type), type, 0);
 }
 

@@ -1,4 +1,4 @@
-// The query: the node at a path and everything below it, as copies.
+// The queries: a look at the node at a path, and copies of it and everything below it.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "tree/NodeStore.h"
@@ -24,8 +24,8 @@ void CopyNode(const TreeNode& node, _XNode& copy)
     copy.Items.reserve(node.ChildCount + (node.IsLeaf ? 1U : 0U));
     if (node.IsLeaf)
         copy.Items.emplace_back(node.Value);
-    for (std::size_t i = 0; i < node.ChildCount; ++i)
-        copy.Items.emplace_back(node.Row[i]->Path);
+    for (const TreeNode* child : node.Listed())
+        copy.Items.emplace_back(child->Path);
     copy.Attributes.clear();
     copy.Flag = 0;
 }
@@ -49,10 +49,11 @@ private:
         CopyNode(node, entry->second);
         if (node.IsLeaf)
             return;
-        const TreeNode* const* const byPath = node.Row + node.ChildCount;
-        for (std::size_t i = 0; i < node.ChildCount; ++i) {
-            if (i == 0 || byPath[i] != byPath[i - 1])
-                Copy(*byPath[i]);
+        const TreeNode* previous = nullptr;
+        for (const TreeNode* child : node.ByPath()) {
+            if (child != previous)
+                Copy(*child);
+            previous = child;
         }
     }
 
@@ -64,9 +65,14 @@ private:
 
 ISMBIOSProtocol::~ISMBIOSProtocol() = default;
 
+NodeView SMBIOSProtocolImpl::Find(std::string_view path) const
+{
+    return NodeView(ResultNodes ? ResultNodes->Find(path) : nullptr); // moved from, an object has no nodes
+}
+
 void SMBIOSProtocolImpl::SMBiosSearch(std::string path, std::map<std::string, _XNode>& results)
 {
-    const TreeNode* const node = FindNode(path);
+    const TreeNode* const node = Find(path).Node;
     if (node == nullptr)
         return;
 
@@ -77,8 +83,8 @@ void SMBIOSProtocolImpl::SMBiosSearch(std::string path, std::map<std::string, _X
         return;
     }
     if (!node->IsLeaf) {
-        for (const NodeView child : NodeView(node).DistinctChildren())
-            SMBiosSearch(std::string(child.Path()), results);
+        for (const TreeNode* child : node->Distinct())
+            SMBiosSearch(std::string(child->Path), results);
     }
     CopyNode(*node, results[path]);
 }

@@ -1,0 +1,80 @@
+#include "structures/Walk.h"
+
+#include "structures/LittleEndian.h"
+
+#include <algorithm>
+
+namespace Protocol::SMBIOS {
+
+namespace {
+
+constexpr std::size_t HandleOffset = 2;
+
+} // namespace
+
+bool Walk::Next(SMBiosStructure& structure)
+{
+    if (IsAtEnd || HasFailed || Position == End)
+        return false;
+    const unsigned char* position = Position;
+    HasFailed = !ReadFormattedArea(position, structure) || !ReadStrings(position, structure.Strings);
+    if (HasFailed)
+        return false;
+    IsAtEnd = structure.Type == EndStructure;
+    Position = position;
+    return true;
+}
+
+// Moves `position` behind the formatted area. False where it is too short, or leaves the table.
+bool Walk::ReadFormattedArea(const unsigned char*& position, SMBiosStructure& structure) const
+{
+    if (Left(position) < HeaderSize)
+        return false;
+    const std::size_t length = position[LengthOffset];
+    if (length < Rules.ShortestStructure || Left(position) < length)
+        return false;
+    structure.Type = position[0];
+    structure.Data = position;
+    structure.Handle = static_cast<unsigned short>(LittleEndian(position + HandleOffset, 2));
+    position += length;
+    return true;
+}
+
+// Moves `position` behind the string set. False where the set does not end within the table.
+bool Walk::ReadStrings(const unsigned char*& position, std::vector<std::string_view>& strings) const
+{
+    constexpr std::size_t UsualCount = 4;
+    strings.clear();
+    strings.reserve(UsualCount);
+    do {
+        const unsigned char* const limit = position + std::min(Left(position), Rules.LongestPiece);
+        const unsigned char* const stop = std::find(position, limit, static_cast<unsigned char>(0));
+        if (Left(stop) < 2) // the byte that ended the string, and the one behind it
+            return false;
+        strings.emplace_back(reinterpret_cast<const char*>(position),
+                             static_cast<std::size_t>(stop - position));
+        position = stop + 1;
+    } while (*position != 0);
+    ++position;
+    if (!Rules.NoStringsAreOne && strings.size() == 1 && strings.front().empty())
+        strings.clear();
+    return true;
+}
+
+Extent ExtentOf(const std::vector<unsigned char>& table)
+{
+    Extent extent;
+    Walk walk(table.data(), table.size(), {0, WholeString, false});
+    SMBiosStructure structure;
+    std::size_t start = 0;
+    while (walk.Next(structure)) {
+        ++extent.StructureCount;
+        extent.LargestStructure = std::max(extent.LargestStructure, walk.Size() - start);
+        start = walk.Size();
+    }
+    extent.Size = walk.IsDamaged() ? 0 : walk.Size();
+    extent.HasEnd = walk.HasEnd();
+    return extent;
+}
+
+} // namespace Protocol::SMBIOS
