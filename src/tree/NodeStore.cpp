@@ -50,11 +50,12 @@ std::uint32_t HashOf(std::string_view text)
 // The first eight characters as a number that orders like them.
 std::uint64_t StartOf(std::string_view text)
 {
-    const std::size_t length = std::min(text.size(), sizeof(std::uint64_t));
+    unsigned char characters[sizeof(std::uint64_t)] = {};
+    std::memcpy(characters, text.data(), std::min(text.size(), sizeof characters));
     std::uint64_t start = 0;
-    for (std::size_t i = 0; i < length; ++i)
-        start = start << 8 | static_cast<unsigned char>(text[i]);
-    return length == 0 ? 0 : start << 8 * (sizeof start - length);
+    for (const unsigned char character : characters)
+        start = start << 8 | character;
+    return start;
 }
 
 // A child with the first characters behind its parent's path. Most children differ there, which is one number
