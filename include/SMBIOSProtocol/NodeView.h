@@ -14,9 +14,8 @@ namespace Protocol::SMBIOS {
 struct TreeNode;
 class NodeRange;
 
-/// One node of a tree, or none. A view is as small as a pointer and copied freely. It and the texts that it
-/// gives are valid as long as the object that it comes from, or any copy of that object. All operations but
-/// the test for a node need one.
+/// One node of a tree, or none. A view is as small as a pointer. It and its texts are valid as long as the
+/// object that it comes from, or any copy of that object. Test for a node before you call other operations.
 class SMBIOSPROTOCOL_API NodeView {
 public:
     /// No node.
@@ -28,23 +27,21 @@ public:
     /// The full path: "/SMBIOS/Type17[2]/Size".
     std::string_view Path() const noexcept;
 
-    /// What the path of the parent does not have, "/" left away: "Size", "[2]". Of the root, its path, "/"
-    /// left away.
+    /// The end of the path, behind the parent's path and "/": "Size", "[2]", "SMBIOS".
     std::string_view Name() const noexcept;
 
-    /// Whether the node holds a value; an inner node lists children.
+    /// Whether the node holds a value. An inner node has children instead.
     bool IsLeaf() const noexcept;
 
     /// The value of a leaf as text, which may be empty; empty for an inner node.
     std::string_view Value() const noexcept;
 
-    /// The nodes that this one lists, in the order in which they were listed. One that was listed again, as
-    /// by the second structure of a type without an index, stands there again: descend through
-    /// DistinctChildren. A leaf lists children in a broken table alone; they are not part of the tree below
-    /// it.
+    /// The children in their order, some more than once: by version each structure of a type without an index
+    /// lists the same nodes. To walk a tree, use DistinctChildren. Ignore a leaf's children: only tables with
+    /// shared handles have them.
     NodeRange Children() const noexcept;
 
-    /// The same, each node once, where it was listed first.
+    /// The children in their order, each once.
     NodeRange DistinctChildren() const noexcept;
 
     /// Whether both look at the same node of the same tree, or at none.

@@ -26,15 +26,14 @@ enum ResultCode : unsigned short {
     RESULT_MAPPING_UNAVAILABLE = 2002, ///< the system offers no way to physical memory
     RESULT_MAPPING_FAILED = 2003,      ///< the physical range could not be read
 
-    RESULT_FILE_MISSING = 2101,          ///< there is no such file or folder
-    RESULT_FILE_UNREADABLE = 2102,       ///< the file cannot be read, or is neither a file nor a folder
-    RESULT_FOLDER_INCOMPLETE = 2103,     ///< the folder does not hold the two files of a table
-    RESULT_EMPTY = 2104,                 ///< there is nothing in the file, or the table has no length
-    RESULT_CUT_OFF = 2105,               ///< the dump ends within its entry point or its table
-    RESULT_TEXT_LIKE_ENTRY_POINT = 2106, ///< a text in the table reads like the entry point sought behind it
-    RESULT_TOO_LARGE = 2107,             ///< the file or its table is larger than what is read
-    RESULT_FILE_EXISTS = 2108,           ///< the file to be written is there already
-    RESULT_NOT_WRITTEN = 2109,           ///< the file could not be written
+    RESULT_FILE_MISSING = 2101,      ///< there is no such file or folder
+    RESULT_FILE_UNREADABLE = 2102,   ///< the file cannot be read, or is neither a file nor a folder
+    RESULT_FOLDER_INCOMPLETE = 2103, ///< the folder does not hold the two files of a table
+    RESULT_EMPTY = 2104,             ///< there is nothing in the file, or the table has no length
+    RESULT_CUT_OFF = 2105,           ///< the dump ends within its entry point or its table
+    RESULT_TOO_LARGE = 2107,         ///< the file or its table is larger than what is read
+    RESULT_FILE_EXISTS = 2108,       ///< the file to be written is there already
+    RESULT_NOT_WRITTEN = 2109,       ///< the file could not be written
 };
 
 /// Thrown by value. Copying it never fails.

@@ -1,9 +1,8 @@
 /// \file
 /// The library: a machine's SMBIOS data as a tree of named text values, queried by path.
 ///
-/// Everything is done while an object is constructed; afterwards it only answers. The private operations
-/// stand in the order in which construction runs them, and each group lives in the folder of src/ that bears
-/// its name.
+/// The constructors do all the work; afterwards an object only answers. The private operations stand in the
+/// order in which construction runs them. Each group is in the folder of src/ that has its name.
 
 #pragma once
 
@@ -35,7 +34,7 @@ class ValueTable;
 enum class FieldInterpretation;
 struct TreeNode;
 
-/// A machine's decoded SMBIOS data: that of the running machine, or of a table image.
+/// A machine's SMBIOS data as a tree: of the running machine, or of a table that the caller has.
 class SMBIOSPROTOCOL_API SMBIOSProtocolImpl : public ISMBIOSProtocol {
 public:
     /// The object of the running machine, rooted at "/SMBIOS". The first call reads the firmware's tables and
@@ -43,55 +42,55 @@ public:
     /// std::bad_alloc; after a failure the next call starts over. The object lives until the process ends.
     static SMBIOSProtocolImpl& CreateInstance();
 
-    /// Decodes a table image: `size` bytes from `image`, the structure table at their start and a 32-bit
-    /// entry point anywhere in them. Touches no firmware and no physical memory. The image stays the caller's
-    /// and need live only as long as this constructor runs. `rootPath` is the path of the tree's root, in
-    /// front of all others. Throws ResultStatus (1013 no usable entry point, 1024 bad checksum, 1111 version
-    /// without a catalogue), TreeTooLarge, std::bad_alloc.
+    /// Decodes a table image by version. Prefer the next constructor: it knows dumps and large tables.
     ///
-    /// Two things it takes without a word, and TableImage knows. Of a dump, which has the entry point in
-    /// front of its table, the first structure is lost. Of a `size` above 65,535 the language hands over the
-    /// low 16 bits alone; compilers warn of a constant, and of a container's size when asked (`-Wconversion`,
-    /// `/W3`).
+    /// The image is `size` bytes from `image`: the structure table, then a 32-bit entry point anywhere behind
+    /// it. Do not pass a dump, whose entry point stands in front: its first structure would be lost. Do not
+    /// pass more than 65,535 bytes: `size` would lose its upper bits.
+    ///
+    /// The image stays the caller's, who may free it when the constructor has returned. `rootPath` is the
+    /// path of the tree's root, in front of all others. Reads no firmware and no physical memory. Throws
+    /// ResultStatus (1013 no usable entry point, 1024 bad checksum, 1111 version without a catalogue),
+    /// TreeTooLarge, std::bad_alloc.
     SMBIOSProtocolImpl(unsigned char* image, unsigned short size, std::string rootPath);
 
-    /// Decodes a table from anywhere, in the given reading. Touches no firmware and no physical memory, and
-    /// so has no "/SPD_RAW". `table` need live only as long as this constructor runs; `rootPath` is the path
-    /// of the tree's root. Throws TreeTooLarge, std::bad_alloc and, read by version, ResultStatus (1111
-    /// version without a catalogue, 2106 a text in the table reads like an entry point, 2107 larger than
-    /// 65,535 bytes with the entry point).
+    /// Decodes a table from anywhere. Use Reading::Newest unless a program relies on the paths by version.
+    ///
+    /// The object keeps nothing of `table`. `rootPath` is the path of the tree's root. Reads no physical
+    /// memory, so the tree has no "/SPD_RAW". Throws TreeTooLarge, std::bad_alloc and, read by version,
+    /// ResultStatus (1111 version without a catalogue, 2107 larger than 65,535 bytes with the entry point).
     SMBIOSProtocolImpl(const TableImage& table, Reading reading, std::string rootPath = "/SMBIOS");
 
-    /// The copy answers like its source. Mappings move to the copy; the nodes are shared, and the last object
-    /// that holds them releases them. Several threads may copy one object at once, while others search it.
+    /// Copies share the nodes, and the last of them releases them. Several threads may copy one object while
+    /// others search it. The mappings of physical memory move to the copy.
     SMBIOSProtocolImpl(SMBIOSProtocolImpl& source);
-    /// As copying does; what this object held goes. An assignment that throws changes neither object.
+    /// Releases what this object held, and copies. An assignment that throws changes neither object.
     SMBIOSProtocolImpl& operator=(SMBIOSProtocolImpl& source);
 
-    /// The same of an object that stays as it is: mappings stay with it.
+    /// Copies a constant object, which keeps its mappings.
     SMBIOSProtocolImpl(const SMBIOSProtocolImpl& source);
-    /// As copying does; what this object held goes. An assignment that throws changes nothing.
+    /// Releases what this object held, and copies. An assignment that throws changes nothing.
     SMBIOSProtocolImpl& operator=(const SMBIOSProtocolImpl& source);
 
-    /// Takes over all of `source`. What is left of it has no node at any path and no reserved memory; it may
-    /// be destroyed, assigned to and copied. Views of its nodes stay valid with the new object.
+    /// Takes over all of `source`, which then has no nodes and no reserved memory. Views of its nodes stay
+    /// valid.
     SMBIOSProtocolImpl(SMBIOSProtocolImpl&& source) noexcept;
-    /// As moving does; what this object held goes.
+    /// Releases what this object held, and moves.
     SMBIOSProtocolImpl& operator=(SMBIOSProtocolImpl&& source) noexcept;
 
     ~SMBIOSProtocolImpl() override;
 
-    /// See ISMBIOSProtocol. Any number of threads may search one object, each with a map of its own. A node's
-    /// children are asked for through the virtual operation.
+    /// See ISMBIOSProtocol. Any number of threads may search one object, each with a map of its own. A class
+    /// that overrides this operation is asked for each child in turn.
     void SMBiosSearch(std::string path, std::map<std::string, _XNode>& results) override;
 
-    /// The node at `path`; none where there is none. The view is valid as long as this object or a copy of
-    /// it. Any number of threads may look at one object.
+    /// The node at `path`, or a view without a node. The view is valid as long as this object or a copy of
+    /// it. Any number of threads may call it.
     NodeView Find(std::string_view path) const;
 
-    /// Stores the physical address and the size in bytes of the memory that the firmware keeps for itself; 0
-    /// where the table does not tell, and always 0 on an object built from an image. A null pointer is
-    /// skipped.
+    /// Stores the physical address and the size in bytes of the memory that the firmware reserves. Both are 0
+    /// where the table does not say, and in any object that was made from a table or image. Either pointer
+    /// may be null.
     void GetBiosReservedMem(unsigned int* address, unsigned int* size);
 
 private:
@@ -101,7 +100,7 @@ private:
     SMBIOSProtocolImpl();
     void InitSMBiosTable(); ///< reads the machine anew into this object
     void BuildTree();       ///< the phases from the catalogue to the inventories
-    void Finish();          ///< behind all phases: keeps the tree, releases what they worked with
+    void Finish();          ///< after all phases: releases all but the tree
     void SwapWith(SMBIOSProtocolImpl& other) noexcept;
 
     // acquisition: sets TableBase, TableLength, SMBiosVersion

@@ -1,5 +1,5 @@
 /// \file
-/// A structure table, from wherever it came.
+/// A structure table, from anywhere.
 
 #pragma once
 
@@ -11,8 +11,7 @@
 
 namespace Protocol::SMBIOS {
 
-/// A structure table and the version that its entry point gives: of this machine, of a file, of bytes in
-/// memory. A value, which holds its bytes itself.
+/// A structure table and its version: of this machine, of a file, or of bytes in memory. It owns its bytes.
 ///
 /// Files and bytes come in these forms, told apart by what they hold:
 ///
@@ -21,17 +20,17 @@ namespace Protocol::SMBIOS {
 /// - a folder (files only): an entry point in `smbios_entry_point`, the table in `DMI`, as Linux publishes
 ///   them in `/sys/firmware/dmi/tables`.
 ///
-/// All that can fail throws ResultStatus, whose message says what was wrong and what to do but does not name
-/// the file, or `std::bad_alloc`.
+/// Failures are a ResultStatus or a `std::bad_alloc`. The message says what was wrong and what to do; it does
+/// not name the file.
 class SMBIOSPROTOCOL_API TableImage {
 public:
     /// The largest table, in bytes. Read by version, a table has at most 65,527.
     static constexpr std::size_t MaxTableSize = 1'048'576;
-    /// The largest file that is read, in bytes: a table may stand in front of what is none.
+    /// The largest file that is read, in bytes. Bytes behind the table are ignored.
     static constexpr std::size_t MaxFileSize = 16U << 20;
 
-    /// The table of the running machine: what the operating system publishes, and where it publishes nothing
-    /// and the processor is an x86, the table that an entry point of either form in the BIOS segment names.
+    /// The table of the running machine, as the operating system publishes it. Where it publishes none and
+    /// the processor is an x86: the table that an entry point in the BIOS segment names.
     /// Codes: 1013 there is none, 1024 its entry point is damaged, 2001 to 2003 physical memory cannot be
     /// read, 2107 too large.
     static TableImage OfThisMachine();
@@ -51,19 +50,21 @@ public:
     /// The structures, one behind the other. Of an image this is what stands in front of the entry point.
     const std::vector<unsigned char>& Table() const noexcept;
 
-    /// False where the table may be cut off: it has no end structure, and its entry point gives only the most
-    /// that it can be, as the 64-bit form does, or more than is here.
+    /// False where the table may be cut off: it has no end structure, and the length in its entry point is
+    /// only an upper bound (64-bit form), or larger than the data.
     bool IsWhole() const noexcept;
 
-    /// The same table with another version, for Reading::ByVersion. Both numbers are 0 to 255; others are
-    /// refused with 1111.
+    /// The same table with another version, for Reading::ByVersion. Both numbers are 0 to 255; others throw
+    /// 1111.
     TableImage As(int major, int minor) const;
 
-    /// Writes a dump that FromFile and other programs read: a new file with the entry point at 0, the table
-    /// at 32. The entry point is of the 32-bit form for versions below 3.0 and tables of at most 65,535
-    /// bytes, else of the 64-bit form. That form loses the bytes behind the table's end structure: a table
-    /// with such bytes is saved in the 32-bit form wherever its size allows. A write that fails leaves no
-    /// file. Codes: 2108 the file exists, 2109 it cannot be written.
+    /// Writes a dump that FromFile and other programs read: a new file with the entry point at 0 and the
+    /// table at 32. A write that fails leaves no file. Codes: 2108 the file exists, 2109 it cannot be
+    /// written.
+    ///
+    /// The entry point has the 64-bit form for versions from 3.0 on and for tables above 65,535 bytes, else
+    /// the 32-bit form. Readers of the 64-bit form stop at the end structure, so a table with bytes behind it
+    /// has the 32-bit form wherever its size allows.
     void Save(const std::filesystem::path& file) const;
 
 private:
@@ -77,7 +78,7 @@ private:
     Bytes TableByVersion() const;
 
     Bytes Structures;
-    Bytes Behind; ///< a 32-bit entry point and what stood behind it: fields of a last structure reach into it
+    Bytes Behind; ///< a 32-bit entry point and what stood behind it; by version fields may reach into it
     unsigned char MajorVersion;
     unsigned char MinorVersion;
     bool Whole = true;

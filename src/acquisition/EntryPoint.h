@@ -81,10 +81,10 @@ bool HasEitherAnchor(const unsigned char* bytes, std::size_t size);
 /// Reads the entry point of either form at the start of `bytes`. Sets `facts` only where nothing is wrong.
 Fault Read(const unsigned char* bytes, std::size_t size, Facts& facts);
 
-/// Gives the complete 32-bit entry point at the start of `bytes` another version and mends its checksum.
+/// Sets the version of the complete 32-bit entry point at the start of `bytes`, and its checksum.
 void RewriteVersion(Bytes& bytes, Version version);
 
-/// The shortest 32-bit entry point that gives a version.
+/// The shortest 32-bit entry point with a version.
 Bytes Shortest(Version version);
 
 /// A whole 32-bit entry point of a table at `tableAddress`, of at most 65,535 bytes.

@@ -67,10 +67,10 @@ EntryPoint::Facts ReadEntryPoint(const Bytes& bytes)
                                      std::to_string(facts.TableLength) + " bytes; take the dump again");
 }
 
-// Cuts off what does not belong to the table. Gives whether what is left is known to be all of it.
+// Cuts off the bytes that do not belong to the table. Returns whether the rest is known to be whole.
 bool Trim(Bytes& table, const EntryPoint::Facts& facts)
 {
-    // A machine's table is cut to the most that can be read ahead of this.
+    // The table of the running machine has been read up to MaxTableSize.
     const bool isShort = table.size() < std::min(facts.TableLength, TableImage::MaxTableSize);
     table.resize(std::min(table.size(), facts.TableLength));
     if (facts.IsLengthExact && !isShort)
@@ -78,14 +78,14 @@ bool Trim(Bytes& table, const EntryPoint::Facts& facts)
     const Extent extent = ExtentOf(table);
     if (isShort && extent.Size == 0)
         RaiseCutOff(table, facts);
-    // Linux publishes no more than the structures that it counts; behind the end structure there can be some.
+    // The length in a 64-bit entry point is an upper bound: the table ends with its last structure.
     if (extent.Size != 0 && !facts.IsLengthExact)
         table.resize(extent.Size);
     return extent.HasEnd;
 }
 
-// An entry point without bytes under its checksum is taken too, but text that follows "_SM_" easily looks
-// like one: its version tells them apart.
+// A short length byte leaves no version under the checksum, and a text with "_SM_" in it easily looks like
+// such an entry point. Its version tells them apart.
 bool IsPlausible(const unsigned char* entryPoint, std::size_t size)
 {
     if (!EntryPoint::IsComplete(entryPoint, size) || !EntryPoint::ChecksumHolds(entryPoint))
@@ -201,7 +201,8 @@ TableImage TableImage::As(int major, int minor) const
     return image;
 }
 
-// What is read by version: fields of a last structure reach into what stands behind the table.
+// The bytes that are read by version, where fields of a last structure reach into what stands behind the
+// table.
 TableImage::Bytes TableImage::TableByVersion() const
 {
     const std::size_t size = Structures.size() + Behind.size();

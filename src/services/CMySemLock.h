@@ -13,13 +13,13 @@ namespace Common {
 
 class CMySemLock {
 public:
-    /// Waits for the lock `name`, takes it and fills `lock`. Two threads of one process exclude each other
-    /// like two processes do, a holder that dies frees the lock, and a child forked meanwhile does not hold
-    /// it. Waiting ends after a while (Patience.h). Gives 0, or the system's error where the lock cannot be
-    /// had; that is logged, and a caller goes on without it.
+    /// Waits for the lock `name`, takes it and fills `lock`. It excludes other processes and the other
+    /// threads of this one. A holder that dies frees it, and a child that is forked meanwhile does not hold
+    /// it. Waiting ends after a while (Patience.h). Returns 0, or the system's error if the lock was not
+    /// acquired: that is logged, and the caller goes on without the lock.
     static int AcquireSymLock(_MY_LOCK& lock, const char* name);
 
-    /// Gives the lock back. One that could not be had is no matter.
+    /// Gives the lock back. Has no effect if the lock was never acquired.
     static void ReleaseSymLock(_MY_LOCK lock);
 };
 

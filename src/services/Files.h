@@ -1,4 +1,4 @@
-// Opening files. Both give null where they fail, with the reason in errno.
+// Opens files. Both operations return null where they fail, with the reason in errno.
 
 #pragma once
 
@@ -22,7 +22,7 @@ File Open(const std::filesystem::path& path);
 /// Makes a file for writing; one that exists is refused with EEXIST.
 File Create(const std::filesystem::path& path);
 
-/// Removes a file that was made and could not be written. errno stays as it is.
+/// Removes a file that could not be written. Keeps errno.
 inline void Discard(const std::filesystem::path& path)
 {
     const int reason = errno;

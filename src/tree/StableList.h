@@ -16,7 +16,10 @@ class StableList {
 public:
     std::size_t Size() const { return Count; }
 
-    Element& operator[](std::size_t number) const { return Blocks[number / BlockLength][number % BlockLength]; }
+    Element& operator[](std::size_t number) const
+    {
+        return Blocks[number / BlockLength][number % BlockLength];
+    }
 
     Element& Append(const Element& element)
     {

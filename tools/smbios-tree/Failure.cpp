@@ -18,7 +18,6 @@ constexpr Meaning Meanings[] = {
     {RESULT_FOLDER_INCOMPLETE, Kind::Unreadable},
     {RESULT_EMPTY, Kind::Empty},
     {RESULT_CUT_OFF, Kind::Truncated},
-    {RESULT_TEXT_LIKE_ENTRY_POINT, Kind::Damaged},
     {RESULT_TOO_LARGE, Kind::TooLarge},
 };
 
