@@ -261,6 +261,21 @@ void PrintRow(const Subject& subject, const Medians& medians)
         static_cast<double>(peak) / static_cast<double>(held));
 }
 
+void PrintTable(const std::vector<Subject>& subjects, const Medians& medians)
+{
+    std::puts(
+        "| image                    |  nodes | construct | / its | newest | leaf  | find  | visit/ |subtree"
+        "| tree  | bytes | peak  |");
+    std::puts(
+        "|                          |        |        us | floor | a node |    ns |    ns | search | /copy "
+        "| /copy |/ node | /held |");
+    std::puts(
+        "|--------------------------|-------:|----------:|------:|-------:|------:|------:|-------:|------:"
+        "|------:|------:|------:|");
+    for (const Subject& subject : subjects)
+        PrintRow(subject, medians);
+}
+
 void PrintStart(const std::vector<Subject>& subjects, const Medians& medians)
 {
     std::printf("\n| smbios-tree on           | ms a run | library's share |\n"
@@ -318,18 +333,7 @@ int main(int argc, char** argv)
     Medians medians;
     benchmark::RunSpecifiedBenchmarks(&medians);
 
-    std::printf("| image                    |  nodes | construct | / its | newest | leaf  | find  | visit/ "
-                "|subtree| tree  | "
-                "bytes | peak  |\n"
-                "|                          |        |        us | floor | a node |    ns |    ns | search | "
-                "/copy | /copy |/ "
-                "node | /held |\n"
-                "|--------------------------|-------:|----------:|------:|-------:|------:|------:|-------:|-"
-                "-----:|------:|-"
-                "-----:|------:|"
-                "\n");
-    for (const Subject& subject : subjects)
-        PrintRow(subject, medians);
+    PrintTable(subjects, medians);
     PrintStart(subjects, medians);
     PrintGrowth(growing, medians);
 }

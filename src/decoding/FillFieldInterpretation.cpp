@@ -36,6 +36,17 @@ void InterpretEnumeration(NodeStore& nodes, TreeNode& node, std::string_view val
     }
 }
 
+// One leaf for each reported bit, set or not, from the lowest up.
+void InterpretBits(NodeStore& nodes, TreeNode& node, unsigned long long number, const ValueTable& table)
+{
+    nodes.Overwrite(node, NODE_INNER);
+    table.ForEachRow([&](const Catalogue::Row& bit) {
+        const bool isSet = bit.Value < 32 && (number >> bit.Value & 1U) != 0;
+        nodes.Overwrite(nodes.ListChild(node, "/", bit.Text), NODE_LEAF,
+                        isSet ? "Supported" : "Not Supported");
+    });
+}
+
 } // namespace
 
 // Stores all nodes of the field at `node`, which its structure already lists.
@@ -49,12 +60,8 @@ void SMBIOSProtocolImpl::FillFieldInterpretation(TreeNode& node, std::string_vie
     case TableKind::None:
     case TableKind::Packed:
         break;
-    case TableKind::Bits: // a leaf for each reported bit, set or not, from the lowest up
-        ResultNodes->Overwrite(node, NODE_INNER);
-        table.ForEachRow([&](const Catalogue::Row& bit) {
-            const bool isSet = bit.Value < 32 && (number >> bit.Value & 1U) != 0;
-            AddNode(node, bit.Text, NODE_LEAF, isSet ? "Supported" : "Not Supported");
-        });
+    case TableKind::Bits:
+        InterpretBits(*ResultNodes, node, number, table);
         break;
     case TableKind::Enumeration:
         InterpretEnumeration(*ResultNodes, node, value, table.Text(low));
