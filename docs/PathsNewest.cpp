@@ -41,9 +41,8 @@ struct TypeView {
 
     const FieldView* FieldBefore(const Field& field) const
     {
-        const auto found = std::find_if(Before.begin(), Before.end(), [&](const FieldView& each) {
-            return field.From != Catalogue::Newest && each.Field.Name == field.Name;
-        });
+        const auto found = std::find_if(Before.begin(), Before.end(),
+                                        [&](const FieldView& each) { return each.Field.Name == field.Name; });
         return found == Before.end() ? nullptr : &*found;
     }
 };

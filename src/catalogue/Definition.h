@@ -1,7 +1,7 @@
 // The form in which the catalogue's data is written: a Type is one structure type of the standard, a Field
-// one row of its table, a Row one text of a field's value table. What the newest revision alone reads beyond
-// a plain list of fields, such as records that repeat, are Sections. All of it is constant data;
-// Catalogue.cpp makes the tables of a revision from it.
+// one row of its table, a Row one text of a field's value table. Sections are what the newest catalogue alone
+// reads: records that repeat, strings, and fields that no catalogue by version has although their revision
+// would let it. All of it is constant data; Catalogue.cpp makes the tables of a revision from it.
 
 #pragma once
 
@@ -28,10 +28,32 @@ enum class FieldInterpretation {
 
 namespace Protocol::SMBIOS::Catalogue {
 
-enum Revision : unsigned char { V2_3, V2_4, V2_5, V2_6, V2_7, V3_8 };
+/// Of the standard. Catalogues by version are those of V2_3 to V2_7.
+enum Revision : unsigned char {
+    V2_0,
+    V2_1,
+    V2_2,
+    V2_3,
+    V2_4,
+    V2_5,
+    V2_6,
+    V2_7,
+    V2_8,
+    V3_0,
+    V3_1,
+    V3_2,
+    V3_3,
+    V3_4,
+    V3_5,
+    V3_6,
+    V3_7,
+    V3_8
+};
 
 /// The revision whose catalogue reads tables of any version, with sections.
 constexpr Revision Newest = V3_8;
+/// The mark of the rows and types that the newest catalogue alone reads, whichever revision brought them.
+constexpr Revision Later = V2_8;
 
 /// Width of a field that holds a string number.
 constexpr int StringReference = 17;
@@ -182,7 +204,7 @@ struct Field {
     const char* Name;
     int Width; ///< bytes, StringReference, RestOfRecord or AsSaidAt()
     FieldInterpretation Interpretation;
-    Revision From;
+    Revision From; ///< that brought it; V2_3, or an older one where catalogues by version read the field
     Table Values = {};
 
     constexpr bool HasFixedWidth() const { return Width < RestOfRecord; }

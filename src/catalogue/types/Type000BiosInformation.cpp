@@ -6,8 +6,8 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Row BIOSCharacteristicsRows[] = {
-    {2, "Unknown", V3_8},
-    {3, "BIOS characteristics not supported", V3_8},
+    {2, "Unknown", Later},
+    {3, "BIOS characteristics not supported", Later},
     {4, "ISA"},
     {5, "MCA"},
     {6, "EISA"},
@@ -55,8 +55,8 @@ constexpr Row BIOSCharacteristicsExtensionByte2Rows[] = {
     {2, "Enable Targeted Content Distribution"},
     {3, "UEFI Specification", V2_7},
     {4, "Virtualized Platform", V2_7},
-    {5, "Manufacturing mode supported", V3_8},
-    {6, "Manufacturing mode enabled", V3_8},
+    {5, "Manufacturing mode supported", Later},
+    {6, "Manufacturing mode enabled", Later},
 };
 
 constexpr Row ExtendedRomSizeUnitRows[] = {
@@ -82,7 +82,7 @@ constexpr Field Fields[] = {
     {0x15, "SystemBiosMinorRelease",            1,               Decimal, V2_4},
     {0x16, "ECFirmwareMajorRelease",            1,               Decimal, V2_4},
     {0x17, "ECFirmwareMinorRelease",            1,               Decimal, V2_4},
-    {0x18, "ExtendedBIOSRomSize",               2,               Decimal, V3_8, Packed(ExtendedBIOSRomSizeParts)},
+    {0x18, "ExtendedBIOSRomSize",               2,               Decimal, V3_1, Packed(ExtendedBIOSRomSizeParts)},
 };
 
 static_assert(IsWellFormed(Fields));

@@ -47,7 +47,7 @@ constexpr Field Fields[] = {
 static_assert(IsWellFormed(Fields));
 
 constexpr Field ContainedObjectFields[] = {
-    {0x00, "ContainedObjectHandle", 2, Decimal, V3_8},
+    {0x00, "ContainedObjectHandle", 2, Decimal, V2_3},
 };
 
 constexpr Section Sections[] = {

@@ -36,13 +36,13 @@ constexpr Row ChassisTypeRows[] = {
     {0x1B, "AdvancedTCA", V2_5},
     {0x1C, "Blade", V2_7},
     {0x1D, "Blade Enclosure", V2_7},
-    {0x1E, "Tablet", V3_8},
-    {0x1F, "Convertible", V3_8},
-    {0x20, "Detachable", V3_8},
-    {0x21, "IoT Gateway", V3_8},
-    {0x22, "Embedded PC", V3_8},
-    {0x23, "Mini PC", V3_8},
-    {0x24, "Stick PC", V3_8},
+    {0x1E, "Tablet", Later},
+    {0x1F, "Convertible", Later},
+    {0x20, "Detachable", Later},
+    {0x21, "IoT Gateway", Later},
+    {0x22, "Embedded PC", Later},
+    {0x23, "Mini PC", Later},
+    {0x24, "Stick PC", Later},
 };
 
 constexpr Row ChassisStateRows[] = {
@@ -95,13 +95,13 @@ constexpr Field Fields[] = {
 static_assert(IsWellFormed(Fields));
 
 constexpr Field ContainedElementFields[] = {
-    {0x00, "ContainedElementType",    1, Decimal, V3_8, Packed(ContainedElementTypeParts)},
-    {0x01, "ContainedElementMinimum", 1, Decimal, V3_8},
-    {0x02, "ContainedElementMaximum", 1, Decimal, V3_8},
+    {0x00, "ContainedElementType",    1, Decimal, V2_3, Packed(ContainedElementTypeParts)},
+    {0x01, "ContainedElementMinimum", 1, Decimal, V2_3},
+    {0x02, "ContainedElementMaximum", 1, Decimal, V2_3},
 };
 
 constexpr Field BehindContainedElementFields[] = {
-    {0x00, "SKUNumber", StringReference, String, V3_8},
+    {0x00, "SKUNumber", StringReference, String, V2_7},
 };
 
 constexpr Section Sections[] = {

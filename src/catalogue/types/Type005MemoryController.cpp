@@ -64,25 +64,25 @@ constexpr Row MemoryModuleVoltageRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ErrorDetectingMethod",          1, Decimal, V3_8, Enumeration(ErrorDetectingMethodRows)},
-    {0x05, "ErrorCorrectingCapability",     1, Decimal, V3_8, Bits(8, ErrorCorrectionRows)},
-    {0x06, "SupportedInterleave",           1, Decimal, V3_8, Enumeration(InterleaveRows)},
-    {0x07, "CurrentInterleave",             1, Decimal, V3_8, Enumeration(InterleaveRows)},
-    {0x08, "MaximumMemoryModuleSize",       1, Decimal, V3_8},
-    {0x09, "SupportedSpeeds",               2, Decimal, V3_8, Bits(16, SupportedSpeedsRows)},
-    {0x0B, "SupportedMemoryTypes",          2, Decimal, V3_8, Bits(16, SupportedMemoryTypesRows)},
-    {0x0D, "MemoryModuleVoltage",           1, Decimal, V3_8, Bits(8, MemoryModuleVoltageRows)},
-    {0x0E, "NumberOfAssociatedMemorySlots", 1, Decimal, V3_8},
+    {0x04, "ErrorDetectingMethod",          1, Decimal, V2_0, Enumeration(ErrorDetectingMethodRows)},
+    {0x05, "ErrorCorrectingCapability",     1, Decimal, V2_0, Bits(8, ErrorCorrectionRows)},
+    {0x06, "SupportedInterleave",           1, Decimal, V2_0, Enumeration(InterleaveRows)},
+    {0x07, "CurrentInterleave",             1, Decimal, V2_0, Enumeration(InterleaveRows)},
+    {0x08, "MaximumMemoryModuleSize",       1, Decimal, V2_0},
+    {0x09, "SupportedSpeeds",               2, Decimal, V2_0, Bits(16, SupportedSpeedsRows)},
+    {0x0B, "SupportedMemoryTypes",          2, Decimal, V2_0, Bits(16, SupportedMemoryTypesRows)},
+    {0x0D, "MemoryModuleVoltage",           1, Decimal, V2_0, Bits(8, MemoryModuleVoltageRows)},
+    {0x0E, "NumberOfAssociatedMemorySlots", 1, Decimal, V2_0},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field MemoryModuleConfigurationFields[] = {
-    {0x00, "MemoryModuleConfigurationHandle", 2, Decimal, V3_8},
+    {0x00, "MemoryModuleConfigurationHandle", 2, Decimal, V2_0},
 };
 
 constexpr Field BehindMemoryModuleConfigurationFields[] = {
-    {0x00, "EnabledErrorCorrectingCapabilities", 1, Decimal, V3_8, Bits(8, ErrorCorrectionRows)},
+    {0x00, "EnabledErrorCorrectingCapabilities", 1, Decimal, V2_1, Bits(8, ErrorCorrectionRows)},
 };
 
 constexpr Section Sections[] = {
@@ -94,6 +94,6 @@ static_assert(IsWellFormed(Sections));
 
 } // namespace
 
-const Type Type005MemoryController{5, Instances::Indexed, V3_8, Fields, Sections};
+const Type Type005MemoryController{5, Instances::Indexed, Later, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

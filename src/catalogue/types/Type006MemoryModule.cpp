@@ -46,19 +46,19 @@ constexpr Row ErrorStatusRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "SocketDesignation", StringReference, String,  V3_8},
-    {0x05, "BankConnections",   1,               Decimal, V3_8, Packed(BankConnectionsParts)},
-    {0x06, "CurrentSpeed",      1,               Decimal, V3_8},
-    {0x07, "CurrentMemoryType", 2,               Decimal, V3_8, Bits(16, CurrentMemoryTypeRows)},
-    {0x09, "InstalledSize",     1,               Decimal, V3_8, Packed(InstalledSizeParts)},
-    {0x0A, "EnabledSize",       1,               Decimal, V3_8, Packed(EnabledSizeParts)},
-    {0x0B, "ErrorStatus",       1,               Decimal, V3_8, Bits(8, ErrorStatusRows)},
+    {0x04, "SocketDesignation", StringReference, String,  V2_0},
+    {0x05, "BankConnections",   1,               Decimal, V2_0, Packed(BankConnectionsParts)},
+    {0x06, "CurrentSpeed",      1,               Decimal, V2_0},
+    {0x07, "CurrentMemoryType", 2,               Decimal, V2_0, Bits(16, CurrentMemoryTypeRows)},
+    {0x09, "InstalledSize",     1,               Decimal, V2_0, Packed(InstalledSizeParts)},
+    {0x0A, "EnabledSize",       1,               Decimal, V2_0, Packed(EnabledSizeParts)},
+    {0x0B, "ErrorStatus",       1,               Decimal, V2_0, Bits(8, ErrorStatusRows)},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type006MemoryModule{6, Instances::Indexed, V3_8, Fields};
+const Type Type006MemoryModule{6, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -34,8 +34,8 @@ constexpr Row CacheSizeRows[] = {
 };
 
 constexpr Row SramTypeRows[] = {
-    {0, "Other", V3_8},
-    {1, "Unknown", V3_8},
+    {0, "Other", Later},
+    {1, "Unknown", Later},
     {2, "Non Burst"},
     {3, "Burst"},
     {4, "Pipeline Burst"},
@@ -106,8 +106,8 @@ constexpr Field Fields[] = {
     {0x10, "ErrorCorrectionType", 1,               Decimal, V2_3, Enumeration(ErrorCorrectionTypeRows)},
     {0x11, "SystemCacheType",     1,               Decimal, V2_3, Enumeration(SystemCacheTypeRows)},
     {0x12, "Associativity",       1,               Decimal, V2_3, Enumeration(AssociativityRows)},
-    {0x13, "MaxCacheSize2",       4,               Decimal, V3_8, Packed(MaxCacheSize2Parts)},
-    {0x17, "InstalledSize2",      4,               Decimal, V3_8, Packed(InstalledSize2Parts)},
+    {0x13, "MaxCacheSize2",       4,               Decimal, V3_1, Packed(MaxCacheSize2Parts)},
+    {0x17, "InstalledSize2",      4,               Decimal, V3_1, Packed(InstalledSize2Parts)},
 };
 
 static_assert(IsWellFormed(Fields));

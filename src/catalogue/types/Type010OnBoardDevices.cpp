@@ -50,8 +50,8 @@ constexpr Field Fields[] = {
 static_assert(IsWellFormed(Fields));
 
 constexpr Field OnBoardDeviceFields[] = {
-    {0x00, "DeviceTypeAndStatus", 1,               Decimal, V3_8, Packed(DeviceTypeAndStatusParts)},
-    {0x01, "DeviceDescription",   StringReference, String,  V3_8},
+    {0x00, "DeviceTypeAndStatus", 1,               Decimal, V2_3, Packed(DeviceTypeAndStatusParts)},
+    {0x01, "DeviceDescription",   StringReference, String,  V2_3},
 };
 
 constexpr Section Sections[] = {

@@ -6,7 +6,7 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "StringCount", 1, Decimal, V3_8},
+    {0x04, "StringCount", 1, Decimal, V2_0},
 };
 
 static_assert(IsWellFormed(Fields));
@@ -19,6 +19,6 @@ static_assert(IsWellFormed(Sections));
 
 } // namespace
 
-const Type Type012SystemConfigurationOptions{12, Instances::Indexed, V3_8, Fields, Sections};
+const Type Type012SystemConfigurationOptions{12, Instances::Indexed, Later, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -6,14 +6,14 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "GroupName", StringReference, String, V3_8},
+    {0x04, "GroupName", StringReference, String, V2_0},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field ItemFields[] = {
-    {0x00, "ItemType",   1, Decimal, V3_8},
-    {0x01, "ItemHandle", 2, Decimal, V3_8},
+    {0x00, "ItemType",   1, Decimal, V2_0},
+    {0x01, "ItemHandle", 2, Decimal, V2_0},
 };
 
 constexpr Section Sections[] = {
@@ -24,6 +24,6 @@ static_assert(IsWellFormed(Sections));
 
 } // namespace
 
-const Type Type014GroupAssociations{14, Instances::Indexed, V3_8, Fields, Sections};
+const Type Type014GroupAssociations{14, Instances::Indexed, Later, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -62,23 +62,23 @@ constexpr Row VariableDataFormatTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "LogAreaLength",                       2, Decimal, V3_8},
-    {0x06, "LogHeaderStartOffset",                2, Decimal, V3_8},
-    {0x08, "LogDataStartOffset",                  2, Decimal, V3_8},
-    {0x0A, "AccessMethod",                        1, Decimal, V3_8, Enumeration(AccessMethodRows)},
-    {0x0B, "LogStatus",                           1, Decimal, V3_8, Bits(8, LogStatusRows)},
-    {0x0C, "LogChangeToken",                      4, Decimal, V3_8},
-    {0x10, "AccessMethodAddress",                 4, Decimal, V3_8},
-    {0x14, "LogHeaderFormat",                     1, Decimal, V3_8, Enumeration(LogHeaderFormatRows)},
-    {0x15, "NumberOfSupportedLogTypeDescriptors", 1, Decimal, V3_8},
-    {0x16, "LengthOfEachLogTypeDescriptor",       1, Decimal, V3_8},
+    {0x04, "LogAreaLength",                       2, Decimal, V2_0},
+    {0x06, "LogHeaderStartOffset",                2, Decimal, V2_0},
+    {0x08, "LogDataStartOffset",                  2, Decimal, V2_0},
+    {0x0A, "AccessMethod",                        1, Decimal, V2_0, Enumeration(AccessMethodRows)},
+    {0x0B, "LogStatus",                           1, Decimal, V2_0, Bits(8, LogStatusRows)},
+    {0x0C, "LogChangeToken",                      4, Decimal, V2_0},
+    {0x10, "AccessMethodAddress",                 4, Decimal, V2_0},
+    {0x14, "LogHeaderFormat",                     1, Decimal, V2_1, Enumeration(LogHeaderFormatRows)},
+    {0x15, "NumberOfSupportedLogTypeDescriptors", 1, Decimal, V2_1},
+    {0x16, "LengthOfEachLogTypeDescriptor",       1, Decimal, V2_1},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field LogTypeDescriptorFields[] = {
-    {0x00, "LogType",                1, Decimal, V3_8, Enumeration(LogTypeRows)},
-    {0x01, "VariableDataFormatType", 1, Decimal, V3_8, Enumeration(VariableDataFormatTypeRows)},
+    {0x00, "LogType",                1, Decimal, V2_1, Enumeration(LogTypeRows)},
+    {0x01, "VariableDataFormatType", 1, Decimal, V2_1, Enumeration(VariableDataFormatTypeRows)},
 };
 
 constexpr Section Sections[] = {
@@ -89,6 +89,6 @@ static_assert(IsWellFormed(Sections));
 
 } // namespace
 
-const Type Type015SystemEventLog{15, Instances::Indexed, V3_8, Fields, Sections};
+const Type Type015SystemEventLog{15, Instances::Indexed, Later, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

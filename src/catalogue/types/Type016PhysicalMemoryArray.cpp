@@ -21,7 +21,7 @@ constexpr Row LocationRows[] = {
     {0xA1, "PC-98/C24 add-on card"},
     {0xA2, "PC-98/E add-on card"},
     {0xA3, "PC-98/Local bus add-on card"},
-    {0xA4, "CXL add-on card", V3_8},
+    {0xA4, "CXL add-on card", Later},
 };
 
 constexpr Row UseRows[] = {
@@ -47,19 +47,28 @@ constexpr Row MemoryErrorCorrectionRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Location",              1, Decimal,  V2_3, Enumeration(LocationRows)},
-    {0x05, "Use",                   1, Decimal,  V2_3, Enumeration(UseRows)},
-    {0x06, "MemoryErrorCorrection", 1, Decimal,  V2_3, Enumeration(MemoryErrorCorrectionRows)},
-    {0x07, "MaxCapacity",           4, Decimal,  V2_3},
-    {0x0B, "MemoryErrorInfoHandle", 2, Decimal,  V2_3},
-    {0x0D, "NumMemoryDevices",      2, Decimal,  V2_3},
-    {0x0F, "ExtendedMaxCapacity",   8, Unsigned, V3_8},
+    {0x04, "Location",              1, Decimal, V2_3, Enumeration(LocationRows)},
+    {0x05, "Use",                   1, Decimal, V2_3, Enumeration(UseRows)},
+    {0x06, "MemoryErrorCorrection", 1, Decimal, V2_3, Enumeration(MemoryErrorCorrectionRows)},
+    {0x07, "MaxCapacity",           4, Decimal, V2_3},
+    {0x0B, "MemoryErrorInfoHandle", 2, Decimal, V2_3},
+    {0x0D, "NumMemoryDevices",      2, Decimal, V2_3},
 };
 
 static_assert(IsWellFormed(Fields));
 
+constexpr Field LaterFields[] = {
+    {0x0F, "ExtendedMaxCapacity", 8, Unsigned, V2_7},
+};
+
+constexpr Section Sections[] = {
+    FieldsOf(LaterFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type016PhysicalMemoryArray{16, Instances::Indexed, V2_3, Fields};
+const Type Type016PhysicalMemoryArray{16, Instances::Indexed, V2_3, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

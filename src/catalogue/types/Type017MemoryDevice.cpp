@@ -22,8 +22,8 @@ constexpr Row FormFactorRows[] = {
     {0x0D, "SODIMM"},
     {0x0E, "SRIMM"},
     {0x0F, "FB-DIMM", V2_5},
-    {0x10, "Die", V3_8},
-    {0x11, "CAMM", V3_8},
+    {0x10, "Die", Later},
+    {0x11, "CAMM", Later},
 };
 
 constexpr Row MemoryTypeRows[] = {
@@ -58,17 +58,17 @@ constexpr Row MemoryTypeRows[] = {
     {0x1C, "LPDDR2", V2_7},
     {0x1D, "LPDDR3", V2_7},
     {0x1E, "LPDDR4", V2_7},
-    {0x1F, "Logical non-volatile device", V3_8},
-    {0x20, "HBM (High Bandwidth Memory)", V3_8},
-    {0x21, "HBM2 (High Bandwidth Memory Generation 2)", V3_8},
-    {0x22, "DDR5", V3_8},
-    {0x23, "LPDDR5", V3_8},
-    {0x24, "HBM3 (High Bandwidth Memory Generation 3)", V3_8},
+    {0x1F, "Logical non-volatile device", Later},
+    {0x20, "HBM (High Bandwidth Memory)", Later},
+    {0x21, "HBM2 (High Bandwidth Memory Generation 2)", Later},
+    {0x22, "DDR5", Later},
+    {0x23, "LPDDR5", Later},
+    {0x24, "HBM3 (High Bandwidth Memory Generation 3)", Later},
 };
 
 constexpr Row TypeDetailRows[] = {
-    {1, "Other", V3_8},
-    {2, "Unknown", V3_8},
+    {1, "Other", Later},
+    {2, "Unknown", Later},
     {3, "Fast-paged"},
     {4, "Static column"},
     {5, "Pseudo-static"},
@@ -104,51 +104,60 @@ constexpr Row MemoryOperatingModeCapabilityRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "MemoryArrayHandle",                       2,               Decimal,  V2_3},
-    {0x06, "MemoryErrorInfoHandle",                   2,               Decimal,  V2_3},
-    {0x08, "TotalWidth",                              2,               Decimal,  V2_3},
-    {0x0A, "DataWidth",                               2,               Decimal,  V2_3},
-    {0x0C, "Size",                                    2,               Decimal,  V2_3},
-    {0x0E, "FormFactor",                              1,               Decimal,  V2_3, Enumeration(FormFactorRows)},
-    {0x0F, "DeviceSet",                               1,               Decimal,  V2_3},
-    {0x10, "DeviceLocator",                           StringReference, String,   V2_3},
-    {0x11, "BankLocator",                             StringReference, String,   V2_3},
-    {0x12, "MemoryType",                              1,               Decimal,  V2_3, Enumeration(MemoryTypeRows)},
-    {0x13, "TypeDetail",                              2,               Decimal,  V2_3, Bits(16, TypeDetailRows)},
-    {0x15, "Speed",                                   2,               Decimal,  V2_3},
-    {0x17, "Manufacturer",                            StringReference, String,   V2_3},
-    {0x18, "SerialNo",                                StringReference, String,   V2_3},
-    {0x19, "AssetTag",                                StringReference, String,   V2_3},
-    {0x1A, "PartNumber",                              StringReference, String,   V2_3},
-    {0x1B, "Attributes",                              1,               Decimal,  V2_6},
-    {0x1C, "ExtendedSize",                            4,               Decimal,  V2_7},
-    {0x20, "ConfiguredMemorySpeed",                   2,               Decimal,  V3_8},
-    {0x22, "MinimumVoltage",                          2,               Decimal,  V3_8},
-    {0x24, "MaximumVoltage",                          2,               Decimal,  V3_8},
-    {0x26, "ConfiguredVoltage",                       2,               Decimal,  V3_8},
-    {0x28, "MemoryTechnology",                        1,               Decimal,  V3_8, Enumeration(MemoryTechnologyRows)},
-    {0x29, "MemoryOperatingModeCapability",           2,               Decimal,  V3_8, Bits(16, MemoryOperatingModeCapabilityRows)},
-    {0x2B, "FirmwareVersion",                         StringReference, String,   V3_8},
-    {0x2C, "ModuleManufacturerID",                    2,               Decimal,  V3_8},
-    {0x2E, "ModuleProductID",                         2,               Decimal,  V3_8},
-    {0x30, "MemorySubsystemControllerManufacturerID", 2,               Decimal,  V3_8},
-    {0x32, "MemorySubsystemControllerProductID",      2,               Decimal,  V3_8},
-    {0x34, "NonVolatileSize",                         8,               Unsigned, V3_8},
-    {0x3C, "VolatileSize",                            8,               Unsigned, V3_8},
-    {0x44, "CacheSize",                               8,               Unsigned, V3_8},
-    {0x4C, "LogicalSize",                             8,               Unsigned, V3_8},
-    {0x54, "ExtendedSpeed",                           4,               Decimal,  V3_8},
-    {0x58, "ExtendedConfiguredMemorySpeed",           4,               Decimal,  V3_8},
-    {0x5C, "PMIC0ManufacturerID",                     2,               Decimal,  V3_8},
-    {0x5E, "PMIC0RevisionNumber",                     2,               Decimal,  V3_8},
-    {0x60, "RCDManufacturerID",                       2,               Decimal,  V3_8},
-    {0x62, "RCDRevisionNumber",                       2,               Decimal,  V3_8},
+    {0x04, "MemoryArrayHandle",     2,               Decimal, V2_3},
+    {0x06, "MemoryErrorInfoHandle", 2,               Decimal, V2_3},
+    {0x08, "TotalWidth",            2,               Decimal, V2_3},
+    {0x0A, "DataWidth",             2,               Decimal, V2_3},
+    {0x0C, "Size",                  2,               Decimal, V2_3},
+    {0x0E, "FormFactor",            1,               Decimal, V2_3, Enumeration(FormFactorRows)},
+    {0x0F, "DeviceSet",             1,               Decimal, V2_3},
+    {0x10, "DeviceLocator",         StringReference, String,  V2_3},
+    {0x11, "BankLocator",           StringReference, String,  V2_3},
+    {0x12, "MemoryType",            1,               Decimal, V2_3, Enumeration(MemoryTypeRows)},
+    {0x13, "TypeDetail",            2,               Decimal, V2_3, Bits(16, TypeDetailRows)},
+    {0x15, "Speed",                 2,               Decimal, V2_3},
+    {0x17, "Manufacturer",          StringReference, String,  V2_3},
+    {0x18, "SerialNo",              StringReference, String,  V2_3},
+    {0x19, "AssetTag",              StringReference, String,  V2_3},
+    {0x1A, "PartNumber",            StringReference, String,  V2_3},
+    {0x1B, "Attributes",            1,               Decimal, V2_6},
+    {0x1C, "ExtendedSize",          4,               Decimal, V2_7},
 };
 
 static_assert(IsWellFormed(Fields));
 
+constexpr Field LaterFields[] = {
+    {0x20, "ConfiguredMemorySpeed",                   2,               Decimal,  V2_7},
+    {0x22, "MinimumVoltage",                          2,               Decimal,  V2_8},
+    {0x24, "MaximumVoltage",                          2,               Decimal,  V2_8},
+    {0x26, "ConfiguredVoltage",                       2,               Decimal,  V2_8},
+    {0x28, "MemoryTechnology",                        1,               Decimal,  V3_2, Enumeration(MemoryTechnologyRows)},
+    {0x29, "MemoryOperatingModeCapability",           2,               Decimal,  V3_2, Bits(16, MemoryOperatingModeCapabilityRows)},
+    {0x2B, "FirmwareVersion",                         StringReference, String,   V3_2},
+    {0x2C, "ModuleManufacturerID",                    2,               Decimal,  V3_2},
+    {0x2E, "ModuleProductID",                         2,               Decimal,  V3_2},
+    {0x30, "MemorySubsystemControllerManufacturerID", 2,               Decimal,  V3_2},
+    {0x32, "MemorySubsystemControllerProductID",      2,               Decimal,  V3_2},
+    {0x34, "NonVolatileSize",                         8,               Unsigned, V3_2},
+    {0x3C, "VolatileSize",                            8,               Unsigned, V3_2},
+    {0x44, "CacheSize",                               8,               Unsigned, V3_2},
+    {0x4C, "LogicalSize",                             8,               Unsigned, V3_2},
+    {0x54, "ExtendedSpeed",                           4,               Decimal,  V3_3},
+    {0x58, "ExtendedConfiguredMemorySpeed",           4,               Decimal,  V3_3},
+    {0x5C, "PMIC0ManufacturerID",                     2,               Decimal,  V3_7},
+    {0x5E, "PMIC0RevisionNumber",                     2,               Decimal,  V3_7},
+    {0x60, "RCDManufacturerID",                       2,               Decimal,  V3_7},
+    {0x62, "RCDRevisionNumber",                       2,               Decimal,  V3_7},
+};
+
+constexpr Section Sections[] = {
+    FieldsOf(LaterFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type017MemoryDevice{17, Instances::Indexed, V2_3, Fields};
+const Type Type017MemoryDevice{17, Instances::Indexed, V2_3, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

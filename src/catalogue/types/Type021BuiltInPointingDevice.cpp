@@ -34,15 +34,15 @@ constexpr Row InterfaceRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Type",            1, Decimal, V3_8, Enumeration(TypeRows)},
-    {0x05, "Interface",       1, Decimal, V3_8, Enumeration(InterfaceRows)},
-    {0x06, "NumberOfButtons", 1, Decimal, V3_8},
+    {0x04, "Type",            1, Decimal, V2_1, Enumeration(TypeRows)},
+    {0x05, "Interface",       1, Decimal, V2_1, Enumeration(InterfaceRows)},
+    {0x06, "NumberOfButtons", 1, Decimal, V2_1},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type021BuiltInPointingDevice{21, Instances::Indexed, V3_8, Fields};
+const Type Type021BuiltInPointingDevice{21, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -30,17 +30,17 @@ constexpr Part CapabilitiesParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Capabilities",  1, Decimal, V3_8, Packed(CapabilitiesParts)},
-    {0x05, "ResetCount",    2, Decimal, V3_8},
-    {0x07, "ResetLimit",    2, Decimal, V3_8},
-    {0x09, "TimerInterval", 2, Decimal, V3_8},
-    {0x0B, "Timeout",       2, Decimal, V3_8},
+    {0x04, "Capabilities",  1, Decimal, V2_2, Packed(CapabilitiesParts)},
+    {0x05, "ResetCount",    2, Decimal, V2_2},
+    {0x07, "ResetLimit",    2, Decimal, V2_2},
+    {0x09, "TimerInterval", 2, Decimal, V2_2},
+    {0x0B, "Timeout",       2, Decimal, V2_2},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type023SystemReset{23, Instances::Indexed, V3_8, Fields};
+const Type Type023SystemReset{23, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -6,17 +6,17 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "NextScheduledPowerOnMonth",      1, Hex, V3_8},
-    {0x05, "NextScheduledPowerOnDayOfMonth", 1, Hex, V3_8},
-    {0x06, "NextScheduledPowerOnHour",       1, Hex, V3_8},
-    {0x07, "NextScheduledPowerOnMinute",     1, Hex, V3_8},
-    {0x08, "NextScheduledPowerOnSecond",     1, Hex, V3_8},
+    {0x04, "NextScheduledPowerOnMonth",      1, Hex, V2_2},
+    {0x05, "NextScheduledPowerOnDayOfMonth", 1, Hex, V2_2},
+    {0x06, "NextScheduledPowerOnHour",       1, Hex, V2_2},
+    {0x07, "NextScheduledPowerOnMinute",     1, Hex, V2_2},
+    {0x08, "NextScheduledPowerOnSecond",     1, Hex, V2_2},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type025SystemPowerControls{25, Instances::Indexed, V3_8, Fields};
+const Type Type025SystemPowerControls{25, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -34,18 +34,18 @@ constexpr Part DeviceTypeAndStatusParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "TemperatureProbeHandle", 2,               Decimal, V3_8},
-    {0x06, "DeviceTypeAndStatus",    1,               Decimal, V3_8, Packed(DeviceTypeAndStatusParts)},
-    {0x07, "CoolingUnitGroup",       1,               Decimal, V3_8},
-    {0x08, "OEMDefined",             4,               Decimal, V3_8},
-    {0x0C, "NominalSpeed",           2,               Decimal, V3_8},
-    {0x0E, "Description",            StringReference, String,  V3_8},
+    {0x04, "TemperatureProbeHandle", 2,               Decimal, V2_2},
+    {0x06, "DeviceTypeAndStatus",    1,               Decimal, V2_2, Packed(DeviceTypeAndStatusParts)},
+    {0x07, "CoolingUnitGroup",       1,               Decimal, V2_2},
+    {0x08, "OEMDefined",             4,               Decimal, V2_2},
+    {0x0C, "NominalSpeed",           2,               Decimal, V2_2},
+    {0x0E, "Description",            StringReference, String,  V2_7},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type027CoolingDevice{27, Instances::Indexed, V3_8, Fields};
+const Type Type027CoolingDevice{27, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -34,21 +34,21 @@ constexpr Part LocationAndStatusParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Description",       StringReference, String,  V3_8},
-    {0x05, "LocationAndStatus", 1,               Decimal, V3_8, Packed(LocationAndStatusParts)},
-    {0x06, "MaximumValue",      2,               Signed,  V3_8},
-    {0x08, "MinimumValue",      2,               Signed,  V3_8},
-    {0x0A, "Resolution",        2,               Decimal, V3_8},
-    {0x0C, "Tolerance",         2,               Signed,  V3_8},
-    {0x0E, "Accuracy",          2,               Decimal, V3_8},
-    {0x10, "OEMDefined",        4,               Decimal, V3_8},
-    {0x14, "NominalValue",      2,               Signed,  V3_8},
+    {0x04, "Description",       StringReference, String,  V2_2},
+    {0x05, "LocationAndStatus", 1,               Decimal, V2_2, Packed(LocationAndStatusParts)},
+    {0x06, "MaximumValue",      2,               Signed,  V2_2},
+    {0x08, "MinimumValue",      2,               Signed,  V2_2},
+    {0x0A, "Resolution",        2,               Decimal, V2_2},
+    {0x0C, "Tolerance",         2,               Signed,  V2_2},
+    {0x0E, "Accuracy",          2,               Decimal, V2_2},
+    {0x10, "OEMDefined",        4,               Decimal, V2_2},
+    {0x14, "NominalValue",      2,               Signed,  V2_2},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type029ElectricalCurrentProbe{29, Instances::Indexed, V3_8, Fields};
+const Type Type029ElectricalCurrentProbe{29, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -11,14 +11,14 @@ constexpr Row ConnectionsRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ManufacturerName", StringReference, String,  V3_8},
-    {0x05, "Connections",      1,               Decimal, V3_8, Bits(8, ConnectionsRows)},
+    {0x04, "ManufacturerName", StringReference, String,  V2_2},
+    {0x05, "Connections",      1,               Decimal, V2_2, Bits(8, ConnectionsRows)},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type030OutOfBandRemoteAccess{30, Instances::Indexed, V3_8, Fields};
+const Type Type030OutOfBandRemoteAccess{30, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -25,7 +25,7 @@ constexpr Field Fields[] = {
 static_assert(IsWellFormed(Fields));
 
 constexpr Field CodeFields[] = {
-    {0x0A, "BootStatusCode", 1, Decimal, V3_8, Enumeration(BootStatusCodeRows)},
+    {0x0A, "BootStatusCode", 1, Decimal, V2_3, Enumeration(BootStatusCodeRows)},
 };
 
 constexpr Section Sections[] = {

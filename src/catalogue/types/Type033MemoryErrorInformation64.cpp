@@ -38,19 +38,19 @@ constexpr Row ErrorOperationRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ErrorType",               1, Decimal,  V3_8, Enumeration(ErrorTypeRows)},
-    {0x05, "ErrorGranularity",        1, Decimal,  V3_8, Enumeration(ErrorGranularityRows)},
-    {0x06, "ErrorOperation",          1, Decimal,  V3_8, Enumeration(ErrorOperationRows)},
-    {0x07, "VendorSyndrome",          4, Decimal,  V3_8},
-    {0x0B, "MemoryArrayErrorAddress", 8, Unsigned, V3_8},
-    {0x13, "DeviceErrorAddress",      8, Unsigned, V3_8},
-    {0x1B, "ErrorResolution",         4, Decimal,  V3_8},
+    {0x04, "ErrorType",               1, Decimal,  V2_3, Enumeration(ErrorTypeRows)},
+    {0x05, "ErrorGranularity",        1, Decimal,  V2_3, Enumeration(ErrorGranularityRows)},
+    {0x06, "ErrorOperation",          1, Decimal,  V2_3, Enumeration(ErrorOperationRows)},
+    {0x07, "VendorSyndrome",          4, Decimal,  V2_3},
+    {0x0B, "MemoryArrayErrorAddress", 8, Unsigned, V2_3},
+    {0x13, "DeviceErrorAddress",      8, Unsigned, V2_3},
+    {0x1B, "ErrorResolution",         4, Decimal,  V2_3},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type033MemoryErrorInformation64{33, Instances::Indexed, V3_8, Fields};
+const Type Type033MemoryErrorInformation64{33, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

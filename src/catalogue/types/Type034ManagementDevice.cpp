@@ -30,16 +30,16 @@ constexpr Row AddressTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Description", StringReference, String,  V3_8},
-    {0x05, "Type",        1,               Decimal, V3_8, Enumeration(TypeRows)},
-    {0x06, "Address",     4,               Decimal, V3_8},
-    {0x0A, "AddressType", 1,               Decimal, V3_8, Enumeration(AddressTypeRows)},
+    {0x04, "Description", StringReference, String,  V2_3},
+    {0x05, "Type",        1,               Decimal, V2_3, Enumeration(TypeRows)},
+    {0x06, "Address",     4,               Decimal, V2_3},
+    {0x0A, "AddressType", 1,               Decimal, V2_3, Enumeration(AddressTypeRows)},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type034ManagementDevice{34, Instances::Indexed, V3_8, Fields};
+const Type Type034ManagementDevice{34, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

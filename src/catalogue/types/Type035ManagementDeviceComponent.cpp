@@ -6,16 +6,16 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "Description",            StringReference, String,  V3_8},
-    {0x05, "ManagementDeviceHandle", 2,               Decimal, V3_8},
-    {0x07, "ComponentHandle",        2,               Decimal, V3_8},
-    {0x09, "ThresholdHandle",        2,               Decimal, V3_8},
+    {0x04, "Description",            StringReference, String,  V2_3},
+    {0x05, "ManagementDeviceHandle", 2,               Decimal, V2_3},
+    {0x07, "ComponentHandle",        2,               Decimal, V2_3},
+    {0x09, "ThresholdHandle",        2,               Decimal, V2_3},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type035ManagementDeviceComponent{35, Instances::Indexed, V3_8, Fields};
+const Type Type035ManagementDeviceComponent{35, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -6,18 +6,18 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "LowerThresholdNonCritical",    2, Signed, V3_8},
-    {0x06, "UpperThresholdNonCritical",    2, Signed, V3_8},
-    {0x08, "LowerThresholdCritical",       2, Signed, V3_8},
-    {0x0A, "UpperThresholdCritical",       2, Signed, V3_8},
-    {0x0C, "LowerThresholdNonRecoverable", 2, Signed, V3_8},
-    {0x0E, "UpperThresholdNonRecoverable", 2, Signed, V3_8},
+    {0x04, "LowerThresholdNonCritical",    2, Signed, V2_3},
+    {0x06, "UpperThresholdNonCritical",    2, Signed, V2_3},
+    {0x08, "LowerThresholdCritical",       2, Signed, V2_3},
+    {0x0A, "UpperThresholdCritical",       2, Signed, V2_3},
+    {0x0C, "LowerThresholdNonRecoverable", 2, Signed, V2_3},
+    {0x0E, "UpperThresholdNonRecoverable", 2, Signed, V2_3},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type036ManagementDeviceThresholds{36, Instances::Indexed, V3_8, Fields};
+const Type Type036ManagementDeviceThresholds{36, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

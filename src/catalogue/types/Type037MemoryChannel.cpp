@@ -13,16 +13,16 @@ constexpr Row ChannelTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ChannelType",        1, Decimal, V3_8, Enumeration(ChannelTypeRows)},
-    {0x05, "MaximumChannelLoad", 1, Decimal, V3_8},
-    {0x06, "MemoryDeviceCount",  1, Decimal, V3_8},
+    {0x04, "ChannelType",        1, Decimal, V2_3, Enumeration(ChannelTypeRows)},
+    {0x05, "MaximumChannelLoad", 1, Decimal, V2_3},
+    {0x06, "MemoryDeviceCount",  1, Decimal, V2_3},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field MemoryDeviceFields[] = {
-    {0x00, "MemoryDeviceLoad",   1, Decimal, V3_8},
-    {0x01, "MemoryDeviceHandle", 2, Decimal, V3_8},
+    {0x00, "MemoryDeviceLoad",   1, Decimal, V2_3},
+    {0x01, "MemoryDeviceHandle", 2, Decimal, V2_3},
 };
 
 constexpr Section Sections[] = {
@@ -33,6 +33,6 @@ static_assert(IsWellFormed(Sections));
 
 } // namespace
 
-const Type Type037MemoryChannel{37, Instances::Indexed, V3_8, Fields, Sections};
+const Type Type037MemoryChannel{37, Instances::Indexed, Later, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

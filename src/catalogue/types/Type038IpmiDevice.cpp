@@ -10,7 +10,7 @@ constexpr Row InterfaceTypeRows[] = {
     {0x01, "KCS: Keyboard Controller Style"},
     {0x02, "SMIC: Server Management Interface Chip"},
     {0x03, "BT: Block Transfer"},
-    {0x04, "SSIF: SMBus System Interface", V3_8},
+    {0x04, "SSIF: SMBus System Interface", Later},
 };
 
 constexpr Row InterruptTriggerModeRows[] = {
@@ -44,19 +44,28 @@ constexpr Part BaseAddressModifierInterruptInfoParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "InterfaceType",                    1, Decimal, V2_3, Enumeration(InterfaceTypeRows)},
-    {0x05, "IPMISpecRev",                      1, Decimal, V2_3, DecodedBy("IPMISpecRev")},
-    {0x06, "I2CSlaveAddr",                     1, Decimal, V2_3},
-    {0x07, "NVStoreAddr",                      1, Decimal, V2_3},
-    {0x08, "BaseAddress",                      8, Decimal, V2_3},
-    {0x10, "BaseAddressModifierInterruptInfo", 1, Decimal, V3_8, Packed(BaseAddressModifierInterruptInfoParts)},
-    {0x11, "InterruptNumber",                  1, Decimal, V3_8},
+    {0x04, "InterfaceType", 1, Decimal, V2_3, Enumeration(InterfaceTypeRows)},
+    {0x05, "IPMISpecRev",   1, Decimal, V2_3, DecodedBy("IPMISpecRev")},
+    {0x06, "I2CSlaveAddr",  1, Decimal, V2_3},
+    {0x07, "NVStoreAddr",   1, Decimal, V2_3},
+    {0x08, "BaseAddress",   8, Decimal, V2_3},
 };
 
 static_assert(IsWellFormed(Fields));
 
+constexpr Field LaterFields[] = {
+    {0x10, "BaseAddressModifierInterruptInfo", 1, Decimal, V2_4, Packed(BaseAddressModifierInterruptInfoParts)},
+    {0x11, "InterruptNumber",                  1, Decimal, V2_4},
+};
+
+constexpr Section Sections[] = {
+    FieldsOf(LaterFields),
+};
+
+static_assert(IsWellFormed(Sections));
+
 } // namespace
 
-const Type Type038IpmiDevice{38, Instances::Shared, V2_3, Fields};
+const Type Type038IpmiDevice{38, Instances::Shared, V2_3, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -48,25 +48,25 @@ constexpr Part PowerSupplyCharacteristicsParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "PowerUnitGroup",             1,               Decimal, V3_8},
-    {0x05, "Location",                   StringReference, String,  V3_8},
-    {0x06, "DeviceName",                 StringReference, String,  V3_8},
-    {0x07, "Manufacturer",               StringReference, String,  V3_8},
-    {0x08, "SerialNumber",               StringReference, String,  V3_8},
-    {0x09, "AssetTagNumber",             StringReference, String,  V3_8},
-    {0x0A, "ModelPartNumber",            StringReference, String,  V3_8},
-    {0x0B, "RevisionLevel",              StringReference, String,  V3_8},
-    {0x0C, "MaxPowerCapacity",           2,               Decimal, V3_8},
-    {0x0E, "PowerSupplyCharacteristics", 2,               Decimal, V3_8, Packed(PowerSupplyCharacteristicsParts)},
-    {0x10, "InputVoltageProbeHandle",    2,               Decimal, V3_8},
-    {0x12, "CoolingDeviceHandle",        2,               Decimal, V3_8},
-    {0x14, "InputCurrentProbeHandle",    2,               Decimal, V3_8},
+    {0x04, "PowerUnitGroup",             1,               Decimal, V2_3},
+    {0x05, "Location",                   StringReference, String,  V2_3},
+    {0x06, "DeviceName",                 StringReference, String,  V2_3},
+    {0x07, "Manufacturer",               StringReference, String,  V2_3},
+    {0x08, "SerialNumber",               StringReference, String,  V2_3},
+    {0x09, "AssetTagNumber",             StringReference, String,  V2_3},
+    {0x0A, "ModelPartNumber",            StringReference, String,  V2_3},
+    {0x0B, "RevisionLevel",              StringReference, String,  V2_3},
+    {0x0C, "MaxPowerCapacity",           2,               Decimal, V2_3},
+    {0x0E, "PowerSupplyCharacteristics", 2,               Decimal, V2_3, Packed(PowerSupplyCharacteristicsParts)},
+    {0x10, "InputVoltageProbeHandle",    2,               Decimal, V2_3},
+    {0x12, "CoolingDeviceHandle",        2,               Decimal, V2_3},
+    {0x14, "InputCurrentProbeHandle",    2,               Decimal, V2_3},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type039SystemPowerSupply{39, Instances::Indexed, V3_8, Fields};
+const Type Type039SystemPowerSupply{39, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

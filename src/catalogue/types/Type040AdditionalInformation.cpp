@@ -6,17 +6,17 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "NumberOfAdditionalInformationEntries", 1, Decimal, V3_8},
+    {0x04, "NumberOfAdditionalInformationEntries", 1, Decimal, V2_6},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field AdditionalInformationEntryFields[] = {
-    {0x00, "EntryLength",      1,               Decimal, V3_8},
-    {0x01, "ReferencedHandle", 2,               Decimal, V3_8},
-    {0x03, "ReferencedOffset", 1,               Decimal, V3_8},
-    {0x04, "String",           StringReference, String,  V3_8},
-    {0x05, "Value",            RestOfRecord,    Hex,     V3_8},
+    {0x00, "EntryLength",      1,               Decimal, V2_6},
+    {0x01, "ReferencedHandle", 2,               Decimal, V2_6},
+    {0x03, "ReferencedOffset", 1,               Decimal, V2_6},
+    {0x04, "String",           StringReference, String,  V2_6},
+    {0x05, "Value",            RestOfRecord,    Hex,     V2_6},
 };
 
 constexpr Section Sections[] = {
@@ -27,6 +27,6 @@ static_assert(IsWellFormed(Sections));
 
 } // namespace
 
-const Type Type040AdditionalInformation{40, Instances::Indexed, V3_8, Fields, Sections};
+const Type Type040AdditionalInformation{40, Instances::Indexed, Later, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -40,18 +40,18 @@ constexpr Part DeviceFunctionNumberParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ReferenceDesignation", StringReference, String,  V3_8},
-    {0x05, "DeviceType",           1,               Decimal, V3_8, Packed(DeviceTypeParts)},
-    {0x06, "DeviceTypeInstance",   1,               Decimal, V3_8},
-    {0x07, "SegmentGroupNumber",   2,               Decimal, V3_8},
-    {0x09, "BusNumber",            1,               Decimal, V3_8},
-    {0x0A, "DeviceFunctionNumber", 1,               Decimal, V3_8, Packed(DeviceFunctionNumberParts)},
+    {0x04, "ReferenceDesignation", StringReference, String,  V2_6},
+    {0x05, "DeviceType",           1,               Decimal, V2_6, Packed(DeviceTypeParts)},
+    {0x06, "DeviceTypeInstance",   1,               Decimal, V2_6},
+    {0x07, "SegmentGroupNumber",   2,               Decimal, V2_6},
+    {0x09, "BusNumber",            1,               Decimal, V2_6},
+    {0x0A, "DeviceFunctionNumber", 1,               Decimal, V2_6, Packed(DeviceFunctionNumberParts)},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type041OnboardDevicesExtended{41, Instances::Indexed, V3_8, Fields};
+const Type Type041OnboardDevicesExtended{41, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -34,24 +34,24 @@ constexpr Row ProtocolTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "InterfaceType", 1, Decimal, V3_8, Enumeration(InterfaceTypeRows)},
+    {0x04, "InterfaceType", 1, Decimal, V2_7, Enumeration(InterfaceTypeRows)},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field DataFields[] = {
-    {0x05, "InterfaceTypeSpecificDataLength", 1,              Decimal, V3_8},
-    {0x06, "InterfaceTypeSpecificData",       AsSaidAt(0x05), Hex,     V3_8},
+    {0x05, "InterfaceTypeSpecificDataLength", 1,              Decimal, V3_2},
+    {0x06, "InterfaceTypeSpecificData",       AsSaidAt(0x05), Hex,     V3_2},
 };
 
 constexpr Field BehindInterfaceTypeSpecificDataFields[] = {
-    {0x00, "NumberOfProtocolRecords", 1, Decimal, V3_8},
+    {0x00, "NumberOfProtocolRecords", 1, Decimal, V3_2},
 };
 
 constexpr Field ProtocolRecordFields[] = {
-    {0x00, "ProtocolType",                   1,              Decimal, V3_8, Enumeration(ProtocolTypeRows)},
-    {0x01, "ProtocolTypeSpecificDataLength", 1,              Decimal, V3_8},
-    {0x02, "ProtocolTypeSpecificData",       AsSaidAt(0x01), Hex,     V3_8},
+    {0x00, "ProtocolType",                   1,              Decimal, V3_2, Enumeration(ProtocolTypeRows)},
+    {0x01, "ProtocolTypeSpecificDataLength", 1,              Decimal, V3_2},
+    {0x02, "ProtocolTypeSpecificData",       AsSaidAt(0x01), Hex,     V3_2},
 };
 
 constexpr Section Sections[] = {
@@ -64,6 +64,6 @@ static_assert(IsWellFormed(Sections));
 
 } // namespace
 
-const Type Type042ManagementControllerHostInterface{42, Instances::Indexed, V3_8, Fields, Sections, TableVersion{3, 2}};
+const Type Type042ManagementControllerHostInterface{42, Instances::Indexed, Later, Fields, Sections, TableVersion{3, 2}};
 
 } // namespace Protocol::SMBIOS::Catalogue

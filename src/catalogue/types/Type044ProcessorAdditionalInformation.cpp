@@ -20,16 +20,16 @@ constexpr Row ProcessorTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ReferencedHandle",      2,              Decimal, V3_8},
-    {0x06, "BlockLength",           1,              Decimal, V3_8},
-    {0x07, "ProcessorType",         1,              Decimal, V3_8, Enumeration(ProcessorTypeRows)},
-    {0x08, "ProcessorSpecificData", AsSaidAt(0x06), Hex,     V3_8},
+    {0x04, "ReferencedHandle",      2,              Decimal, V3_3},
+    {0x06, "BlockLength",           1,              Decimal, V3_3},
+    {0x07, "ProcessorType",         1,              Decimal, V3_3, Enumeration(ProcessorTypeRows)},
+    {0x08, "ProcessorSpecificData", AsSaidAt(0x06), Hex,     V3_3},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type044ProcessorAdditionalInformation{44, Instances::Indexed, V3_8, Fields};
+const Type Type044ProcessorAdditionalInformation{44, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

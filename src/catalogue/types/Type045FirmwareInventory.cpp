@@ -34,24 +34,24 @@ constexpr Row StateRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "FirmwareComponentName",          StringReference, String,   V3_8},
-    {0x05, "FirmwareVersion",                StringReference, String,   V3_8},
-    {0x06, "VersionFormat",                  1,               Decimal,  V3_8, Enumeration(VersionFormatRows)},
-    {0x07, "FirmwareID",                     StringReference, String,   V3_8},
-    {0x08, "FirmwareIDFormat",               1,               Decimal,  V3_8, Enumeration(FirmwareIDFormatRows)},
-    {0x09, "ReleaseDate",                    StringReference, String,   V3_8},
-    {0x0A, "Manufacturer",                   StringReference, String,   V3_8},
-    {0x0B, "LowestSupportedFirmwareVersion", StringReference, String,   V3_8},
-    {0x0C, "ImageSize",                      8,               Unsigned, V3_8},
-    {0x14, "Characteristics",                2,               Decimal,  V3_8, Bits(16, CharacteristicsRows)},
-    {0x16, "State",                          1,               Decimal,  V3_8, Enumeration(StateRows)},
-    {0x17, "NumberOfAssociatedComponents",   1,               Decimal,  V3_8},
+    {0x04, "FirmwareComponentName",          StringReference, String,   V3_5},
+    {0x05, "FirmwareVersion",                StringReference, String,   V3_5},
+    {0x06, "VersionFormat",                  1,               Decimal,  V3_5, Enumeration(VersionFormatRows)},
+    {0x07, "FirmwareID",                     StringReference, String,   V3_5},
+    {0x08, "FirmwareIDFormat",               1,               Decimal,  V3_5, Enumeration(FirmwareIDFormatRows)},
+    {0x09, "ReleaseDate",                    StringReference, String,   V3_5},
+    {0x0A, "Manufacturer",                   StringReference, String,   V3_5},
+    {0x0B, "LowestSupportedFirmwareVersion", StringReference, String,   V3_5},
+    {0x0C, "ImageSize",                      8,               Unsigned, V3_5},
+    {0x14, "Characteristics",                2,               Decimal,  V3_5, Bits(16, CharacteristicsRows)},
+    {0x16, "State",                          1,               Decimal,  V3_5, Enumeration(StateRows)},
+    {0x17, "NumberOfAssociatedComponents",   1,               Decimal,  V3_5},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field AssociatedComponentFields[] = {
-    {0x00, "AssociatedComponentHandle", 2, Decimal, V3_8},
+    {0x00, "AssociatedComponentHandle", 2, Decimal, V3_5},
 };
 
 constexpr Section Sections[] = {
@@ -62,6 +62,6 @@ static_assert(IsWellFormed(Sections));
 
 } // namespace
 
-const Type Type045FirmwareInventory{45, Instances::Indexed, V3_8, Fields, Sections};
+const Type Type045FirmwareInventory{45, Instances::Indexed, Later, Fields, Sections};
 
 } // namespace Protocol::SMBIOS::Catalogue

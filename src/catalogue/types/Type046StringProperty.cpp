@@ -11,15 +11,15 @@ constexpr Row StringPropertyIDRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "StringPropertyID",    2,               Decimal, V3_8, Enumeration(StringPropertyIDRows)},
-    {0x06, "StringPropertyValue", StringReference, String,  V3_8},
-    {0x07, "ParentHandle",        2,               Decimal, V3_8},
+    {0x04, "StringPropertyID",    2,               Decimal, V3_5, Enumeration(StringPropertyIDRows)},
+    {0x06, "StringPropertyValue", StringReference, String,  V3_5},
+    {0x07, "ParentHandle",        2,               Decimal, V3_5},
 };
 
 static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type046StringProperty{46, Instances::Indexed, V3_8, Fields};
+const Type Type046StringProperty{46, Instances::Indexed, Later, Fields};
 
 } // namespace Protocol::SMBIOS::Catalogue

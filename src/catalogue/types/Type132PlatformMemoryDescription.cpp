@@ -18,7 +18,7 @@ static_assert(IsWellFormed(Fields));
 
 // Other platforms use the number for structures of their own.
 constexpr Field DataFields[] = {
-    {0x04, "Data", RestOfRecord, Hex, V3_8},
+    {0x04, "Data", RestOfRecord, Hex, V2_0},
 };
 
 constexpr Section Sections[] = {
