@@ -1,4 +1,4 @@
-// What docs/paths-newest.md says in words of its own; of the fields, Meanings.h.
+// What docs/paths-newest.md says in words of its own.
 
 #pragma once
 

@@ -2,12 +2,10 @@
 // from PathsWords.h. Fails where they do not fit each other.
 
 #include "FieldWords.h"
-#include "Meanings.h"
 #include "Paths.h"
 #include "PathsWords.h"
 #include "catalogue/Catalogue.h"
 
-#include <algorithm>
 #include <array>
 #include <iterator>
 #include <set>
@@ -128,13 +126,13 @@ bool ShareTable(const FieldView& left, const FieldView& right)
 
 const char* MeaningOf(const FieldView& field)
 {
-    const auto* const meaning =
-        std::find_if(std::begin(FieldMeanings), std::end(FieldMeanings), [&](const FieldMeaning& each) {
-            return each.Type == field.Type && each.Name == field.Field.Name;
-        });
-    if (meaning == std::end(FieldMeanings))
-        throw std::logic_error("a field without a meaning: " + std::string(field.Field.Name));
-    return meaning->Words;
+    for (const Catalogue::Type* type : Catalogue::Types()) {
+        for (std::size_t i = 0; type->Number == field.Type && i < type->FieldCount; ++i) {
+            if (type->Fields[i].Name == field.Field.Name)
+                return type->Fields[i].Meaning;
+        }
+    }
+    throw std::logic_error("a field that no type has: " + std::string(field.Field.Name));
 }
 
 void PrintField(std::ostream& out, const FieldView& field)

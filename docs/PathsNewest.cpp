@@ -1,8 +1,7 @@
 // docs/paths-newest.md: fields, records and texts come from the built newest catalogue, the words about them
-// from NewestWords.h and Meanings.h. Fails where they do not fit each other.
+// from NewestWords.h. Fails where they do not fit each other.
 
 #include "FieldWords.h"
-#include "Meanings.h"
 #include "NewestWords.h"
 #include "Paths.h"
 #include "catalogue/Catalogue.h"
@@ -57,15 +56,6 @@ const char* NameOf(unsigned char type)
     if (name == std::end(NewestTypeNames))
         throw std::logic_error("a type without a name: " + std::to_string(type));
     return name->Name;
-}
-
-/// The field's words; each may be asked for once.
-const char* MeaningOf(unsigned char type, const std::string& name)
-{
-    static const FieldMeaning* next = std::begin(FieldMeanings);
-    if (next == std::end(FieldMeanings) || next->Type != type || next->Name != name)
-        throw std::logic_error("Meanings.h does not go on with " + name + " of type " + std::to_string(type));
-    return next++->Words;
 }
 
 std::string Bytes(int count)
@@ -137,7 +127,7 @@ void PrintFields(std::ostream& out, const TypeView& type, const Section& section
         const Field& field = section.Fields[i];
         const std::string place = " | " + Hex(field.Offset, 1) + " | ";
         out << "| " << Code(parent + field.Name) << place << WordsOf(type, section, field) << " | "
-            << MeaningOf(type.Number, field.Name) << " |\n";
+            << field.Meaning << " |\n";
         const FieldView* const before = type.FieldBefore(field);
         if (before != nullptr && HasRawLeaf(*before))
             out << "| " << Code(parent + field.Name + "_Raw") << place

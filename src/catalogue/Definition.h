@@ -205,6 +205,7 @@ struct Field {
     int Width; ///< bytes, StringReference, RestOfRecord or AsSaidAt()
     FieldInterpretation Interpretation;
     Revision From; ///< that brought it; V2_3, or an older one where catalogues by version read the field
+    const char* Meaning;
     Table Values = {};
 
     constexpr bool HasFixedWidth() const { return Width < RestOfRecord; }

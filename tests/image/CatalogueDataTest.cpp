@@ -55,21 +55,22 @@ TEST(CatalogueData, HasPartsThatFit)
 TEST(CatalogueData, HasFieldsThatFollowOneAnother)
 {
     static constexpr Part Eight[] = {{"P", 0, 7}}, Nine[] = {{"P", 0, 8}};
-    EXPECT_TRUE(Follow(
-        {{4, "A", StringReference, String, V2_3}, {5, "B", 2, Decimal, V2_3}, {7, "C", 1, Hex, V2_3}}));
-    EXPECT_FALSE(Follow({{5, "A", 1, Decimal, V2_3}}));
-    EXPECT_FALSE(Follow({{4, "A", 1, Decimal, V2_3}, {6, "B", 1, Decimal, V2_3}}));
-    EXPECT_FALSE(Follow({{4, "A", 1, Decimal, V2_3, Enumeration(Falling)}}));
-    EXPECT_TRUE(Follow({{4, "A", 1, Decimal, V3_8, Packed(Eight)}}));
-    EXPECT_FALSE(Follow({{4, "A", 1, Decimal, V3_8, Packed(Nine)}}));
-    EXPECT_TRUE(Follow({{4, "A", 1, Decimal, V3_8}, {5, "B", AsSaidAt(4), Hex, V3_8}}));
-    EXPECT_FALSE(Follow({{4, "A", AsSaidAt(4), Hex, V3_8}, {5, "B", 1, Decimal, V3_8}}));
+    EXPECT_TRUE(Follow({{4, "A", StringReference, String, V2_3, ""},
+                        {5, "B", 2, Decimal, V2_3, ""},
+                        {7, "C", 1, Hex, V2_3, ""}}));
+    EXPECT_FALSE(Follow({{5, "A", 1, Decimal, V2_3, ""}}));
+    EXPECT_FALSE(Follow({{4, "A", 1, Decimal, V2_3, ""}, {6, "B", 1, Decimal, V2_3, ""}}));
+    EXPECT_FALSE(Follow({{4, "A", 1, Decimal, V2_3, "", Enumeration(Falling)}}));
+    EXPECT_TRUE(Follow({{4, "A", 1, Decimal, V3_8, "", Packed(Eight)}}));
+    EXPECT_FALSE(Follow({{4, "A", 1, Decimal, V3_8, "", Packed(Nine)}}));
+    EXPECT_TRUE(Follow({{4, "A", 1, Decimal, V3_8, ""}, {5, "B", AsSaidAt(4), Hex, V3_8, ""}}));
+    EXPECT_FALSE(Follow({{4, "A", AsSaidAt(4), Hex, V3_8, ""}, {5, "B", 1, Decimal, V3_8, ""}}));
 }
 
 TEST(CatalogueData, HasSectionsWhoseFieldsFillTheirRecords)
 {
-    static constexpr Field Inside[] = {{0, "A", 1, Decimal, V3_8}, {1, "B", 2, Decimal, V3_8}};
-    static constexpr Field Further[] = {{9, "A", 1, Decimal, V3_8}};
+    static constexpr Field Inside[] = {{0, "A", 1, Decimal, V3_8, ""}, {1, "B", 2, Decimal, V3_8, ""}};
+    static constexpr Field Further[] = {{9, "A", 1, Decimal, V3_8, ""}};
     EXPECT_TRUE(IsWellFormed(Group("G", Behind, AsManyAsFit, BytesEach(3), Inside)));
     EXPECT_FALSE(IsWellFormed(Group("G", Behind, AsManyAsFit, BytesEach(4), Inside)));
     EXPECT_TRUE(IsWellFormed(Group("G", Behind, AsManyAsFit, EachAsSaidAt(4), Inside)));

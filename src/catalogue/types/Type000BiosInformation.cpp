@@ -70,19 +70,19 @@ constexpr Part ExtendedBIOSRomSizeParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "BIOSVendor",                        StringReference, String,  V2_3},
-    {0x05, "BIOSVersion",                       StringReference, String,  V2_3},
-    {0x06, "BIOSStartAddressSegment",           2,               Decimal, V2_3},
-    {0x08, "BIOSReleaseDate",                   StringReference, String,  V2_3},
-    {0x09, "BIOSRomSize",                       1,               Decimal, V2_3, DecodedBy("BIOSRomSize")},
-    {0x0A, "BIOSCharacteristics",               8,               Decimal, V2_3, Bits(64, BIOSCharacteristicsRows)},
-    {0x12, "BIOSCharacteristicsExtensionByte1", 1,               Decimal, V2_3, Bits(8, BIOSCharacteristicsExtensionByte1Rows)},
-    {0x13, "BIOSCharacteristicsExtensionByte2", 1,               Decimal, V2_3, Bits(8, BIOSCharacteristicsExtensionByte2Rows)},
-    {0x14, "SystemBiosMajorRelease",            1,               Decimal, V2_4},
-    {0x15, "SystemBiosMinorRelease",            1,               Decimal, V2_4},
-    {0x16, "ECFirmwareMajorRelease",            1,               Decimal, V2_4},
-    {0x17, "ECFirmwareMinorRelease",            1,               Decimal, V2_4},
-    {0x18, "ExtendedBIOSRomSize",               2,               Decimal, V3_1, Packed(ExtendedBIOSRomSizeParts)},
+    {0x04, "BIOSVendor",                        StringReference, String,  V2_3, "vendor of the firmware"},
+    {0x05, "BIOSVersion",                       StringReference, String,  V2_3, "firmware version text"},
+    {0x06, "BIOSStartAddressSegment",           2,               Decimal, V2_3, "segment of the firmware start address"},
+    {0x08, "BIOSReleaseDate",                   StringReference, String,  V2_3, "release date text"},
+    {0x09, "BIOSRomSize",                       1,               Decimal, V2_3, "size of the firmware ROM in kilobytes; FFh see `ExtendedBIOSRomSize`", DecodedBy("BIOSRomSize")},
+    {0x0A, "BIOSCharacteristics",               8,               Decimal, V2_3, "what the firmware supports",                                           Bits(64, BIOSCharacteristicsRows)},
+    {0x12, "BIOSCharacteristicsExtensionByte1", 1,               Decimal, V2_3, "more of it",                                                           Bits(8, BIOSCharacteristicsExtensionByte1Rows)},
+    {0x13, "BIOSCharacteristicsExtensionByte2", 1,               Decimal, V2_3, "more of it",                                                           Bits(8, BIOSCharacteristicsExtensionByte2Rows)},
+    {0x14, "SystemBiosMajorRelease",            1,               Decimal, V2_4, "firmware major release; FFh not supported"},
+    {0x15, "SystemBiosMinorRelease",            1,               Decimal, V2_4, "firmware minor release; FFh not supported"},
+    {0x16, "ECFirmwareMajorRelease",            1,               Decimal, V2_4, "embedded controller firmware major release; FFh not supported"},
+    {0x17, "ECFirmwareMinorRelease",            1,               Decimal, V2_4, "embedded controller firmware minor release; FFh not supported"},
+    {0x18, "ExtendedBIOSRomSize",               2,               Decimal, V3_1, "size of the firmware ROM, valid when `BIOSRomSize` is FFh",            Packed(ExtendedBIOSRomSizeParts)},
 };
 
 static_assert(IsWellFormed(Fields));

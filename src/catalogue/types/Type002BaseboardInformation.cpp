@@ -31,23 +31,23 @@ constexpr Row BoardTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Manufacturer",         StringReference, String,  V2_3},
-    {0x05, "Product",              StringReference, String,  V2_3},
-    {0x06, "Version",              StringReference, String,  V2_3},
-    {0x07, "SerialNo",             StringReference, String,  V2_3},
-    {0x08, "AssetTag",             StringReference, String,  V2_3},
-    {0x09, "FeatureFlags",         1,               Decimal, V2_3, Bits(8, FeatureFlagsRows)},
-    {0x0A, "LocationInChassis",    StringReference, String,  V2_3},
-    {0x0B, "ChassisHandle",        2,               Decimal, V2_3},
-    {0x0D, "BoardType",            1,               Decimal, V2_3, Enumeration(BoardTypeRows)},
-    {0x0E, "NumOfObjectHandles",   1,               Decimal, V2_3},
-    {0x0F, "ContainObjectHandles", 2,               Decimal, V2_3},
+    {0x04, "Manufacturer",         StringReference, String,  V2_3, "board manufacturer"},
+    {0x05, "Product",              StringReference, String,  V2_3, "board product name"},
+    {0x06, "Version",              StringReference, String,  V2_3, "version text"},
+    {0x07, "SerialNo",             StringReference, String,  V2_3, "serial number"},
+    {0x08, "AssetTag",             StringReference, String,  V2_3, "asset tag"},
+    {0x09, "FeatureFlags",         1,               Decimal, V2_3, "features of the board",                                                  Bits(8, FeatureFlagsRows)},
+    {0x0A, "LocationInChassis",    StringReference, String,  V2_3, "where the board sits in the chassis"},
+    {0x0B, "ChassisHandle",        2,               Decimal, V2_3, "handle of the chassis that holds the board"},
+    {0x0D, "BoardType",            1,               Decimal, V2_3, "board type",                                                             Enumeration(BoardTypeRows)},
+    {0x0E, "NumOfObjectHandles",   1,               Decimal, V2_3, "number of `ContainedObject` records"},
+    {0x0F, "ContainObjectHandles", 2,               Decimal, V2_3, "handle of the first contained object; see `ContainedObject[n]` for all"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field ContainedObjectFields[] = {
-    {0x00, "ContainedObjectHandle", 2, Decimal, V2_3},
+    {0x00, "ContainedObjectHandle", 2, Decimal, V2_3, "handle of a structure that the board contains"},
 };
 
 constexpr Section Sections[] = {

@@ -75,33 +75,33 @@ constexpr Part ContainedElementTypeParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Manufacturer",                 StringReference, String,  V2_3},
-    {0x05, "ChassisType",                  1,               Decimal, V2_3, MaskedEnumeration(ChassisTypeRows)},
-    {0x06, "Version",                      StringReference, String,  V2_3},
-    {0x07, "SerialNo",                     StringReference, String,  V2_3},
-    {0x08, "AssetTagNo",                   StringReference, String,  V2_3},
-    {0x09, "BootupState",                  1,               Decimal, V2_3, Enumeration(ChassisStateRows)},
-    {0x0A, "PowerSupplyState",             1,               Decimal, V2_3, Enumeration(ChassisStateRows)},
-    {0x0B, "ThermalState",                 1,               Decimal, V2_3, Enumeration(ChassisStateRows)},
-    {0x0C, "SecurityStatus",               1,               Decimal, V2_3, Enumeration(SecurityStatusRows)},
-    {0x0D, "OEMdefined",                   4,               Decimal, V2_3},
-    {0x11, "Height",                       1,               Decimal, V2_3},
-    {0x12, "NumberofPowerCords",           1,               Decimal, V2_3},
-    {0x13, "ContainedElementCount",        1,               Decimal, V2_3},
-    {0x14, "ContainedElementRecordLength", 1,               Decimal, V2_3},
-    {0x15, "ContainedElements",            1,               Decimal, V2_3},
+    {0x04, "Manufacturer",                 StringReference, String,  V2_3, "chassis manufacturer"},
+    {0x05, "ChassisType",                  1,               Decimal, V2_3, "chassis type",                                                                    MaskedEnumeration(ChassisTypeRows)},
+    {0x06, "Version",                      StringReference, String,  V2_3, "version text"},
+    {0x07, "SerialNo",                     StringReference, String,  V2_3, "serial number"},
+    {0x08, "AssetTagNo",                   StringReference, String,  V2_3, "asset tag"},
+    {0x09, "BootupState",                  1,               Decimal, V2_3, "state at the last boot",                                                          Enumeration(ChassisStateRows)},
+    {0x0A, "PowerSupplyState",             1,               Decimal, V2_3, "power supply state at the last boot",                                             Enumeration(ChassisStateRows)},
+    {0x0B, "ThermalState",                 1,               Decimal, V2_3, "thermal state at the last boot",                                                  Enumeration(ChassisStateRows)},
+    {0x0C, "SecurityStatus",               1,               Decimal, V2_3, "security state at the last boot",                                                 Enumeration(SecurityStatusRows)},
+    {0x0D, "OEMdefined",                   4,               Decimal, V2_3, "OEM value"},
+    {0x11, "Height",                       1,               Decimal, V2_3, "height in rack units, 0 not given"},
+    {0x12, "NumberofPowerCords",           1,               Decimal, V2_3, "number of power cords, 0 not given"},
+    {0x13, "ContainedElementCount",        1,               Decimal, V2_3, "number of `ContainedElement` records"},
+    {0x14, "ContainedElementRecordLength", 1,               Decimal, V2_3, "length of a `ContainedElement` record in bytes"},
+    {0x15, "ContainedElements",            1,               Decimal, V2_3, "first byte of the records, or, where there are none, of what stands behind them"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field ContainedElementFields[] = {
-    {0x00, "ContainedElementType",    1, Decimal, V2_3, Packed(ContainedElementTypeParts)},
-    {0x01, "ContainedElementMinimum", 1, Decimal, V2_3},
-    {0x02, "ContainedElementMaximum", 1, Decimal, V2_3},
+    {0x00, "ContainedElementType",    1, Decimal, V2_3, "kind of the contained element",    Packed(ContainedElementTypeParts)},
+    {0x01, "ContainedElementMinimum", 1, Decimal, V2_3, "smallest number of such elements"},
+    {0x02, "ContainedElementMaximum", 1, Decimal, V2_3, "largest number of such elements"},
 };
 
 constexpr Field BehindContainedElementFields[] = {
-    {0x00, "SKUNumber", StringReference, String, V2_7},
+    {0x00, "SKUNumber", StringReference, String, V2_7, "SKU number of the chassis"},
 };
 
 constexpr Section Sections[] = {

@@ -64,25 +64,25 @@ constexpr Row MemoryModuleVoltageRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ErrorDetectingMethod",          1, Decimal, V2_0, Enumeration(ErrorDetectingMethodRows)},
-    {0x05, "ErrorCorrectingCapability",     1, Decimal, V2_0, Bits(8, ErrorCorrectionRows)},
-    {0x06, "SupportedInterleave",           1, Decimal, V2_0, Enumeration(InterleaveRows)},
-    {0x07, "CurrentInterleave",             1, Decimal, V2_0, Enumeration(InterleaveRows)},
-    {0x08, "MaximumMemoryModuleSize",       1, Decimal, V2_0},
-    {0x09, "SupportedSpeeds",               2, Decimal, V2_0, Bits(16, SupportedSpeedsRows)},
-    {0x0B, "SupportedMemoryTypes",          2, Decimal, V2_0, Bits(16, SupportedMemoryTypesRows)},
-    {0x0D, "MemoryModuleVoltage",           1, Decimal, V2_0, Bits(8, MemoryModuleVoltageRows)},
-    {0x0E, "NumberOfAssociatedMemorySlots", 1, Decimal, V2_0},
+    {0x04, "ErrorDetectingMethod",          1, Decimal, V2_0, "how errors are detected",                                         Enumeration(ErrorDetectingMethodRows)},
+    {0x05, "ErrorCorrectingCapability",     1, Decimal, V2_0, "error correction that the controller can do",                     Bits(8, ErrorCorrectionRows)},
+    {0x06, "SupportedInterleave",           1, Decimal, V2_0, "supported interleave",                                            Enumeration(InterleaveRows)},
+    {0x07, "CurrentInterleave",             1, Decimal, V2_0, "interleave in use",                                               Enumeration(InterleaveRows)},
+    {0x08, "MaximumMemoryModuleSize",       1, Decimal, V2_0, "exponent n of the largest module per slot, 2 to the n megabytes"},
+    {0x09, "SupportedSpeeds",               2, Decimal, V2_0, "supported speeds",                                                Bits(16, SupportedSpeedsRows)},
+    {0x0B, "SupportedMemoryTypes",          2, Decimal, V2_0, "supported memory types",                                          Bits(16, SupportedMemoryTypesRows)},
+    {0x0D, "MemoryModuleVoltage",           1, Decimal, V2_0, "voltages of the module sockets",                                  Bits(8, MemoryModuleVoltageRows)},
+    {0x0E, "NumberOfAssociatedMemorySlots", 1, Decimal, V2_0, "number of slots that the controller serves"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field MemoryModuleConfigurationFields[] = {
-    {0x00, "MemoryModuleConfigurationHandle", 2, Decimal, V2_0},
+    {0x00, "MemoryModuleConfigurationHandle", 2, Decimal, V2_0, "handle of a Type 6 structure"},
 };
 
 constexpr Field BehindMemoryModuleConfigurationFields[] = {
-    {0x00, "EnabledErrorCorrectingCapabilities", 1, Decimal, V2_1, Bits(8, ErrorCorrectionRows)},
+    {0x00, "EnabledErrorCorrectingCapabilities", 1, Decimal, V2_1, "error correction that is switched on", Bits(8, ErrorCorrectionRows)},
 };
 
 constexpr Section Sections[] = {

@@ -46,13 +46,13 @@ constexpr Row ErrorStatusRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "SocketDesignation", StringReference, String,  V2_0},
-    {0x05, "BankConnections",   1,               Decimal, V2_0, Packed(BankConnectionsParts)},
-    {0x06, "CurrentSpeed",      1,               Decimal, V2_0},
-    {0x07, "CurrentMemoryType", 2,               Decimal, V2_0, Bits(16, CurrentMemoryTypeRows)},
-    {0x09, "InstalledSize",     1,               Decimal, V2_0, Packed(InstalledSizeParts)},
-    {0x0A, "EnabledSize",       1,               Decimal, V2_0, Packed(EnabledSizeParts)},
-    {0x0B, "ErrorStatus",       1,               Decimal, V2_0, Bits(8, ErrorStatusRows)},
+    {0x04, "SocketDesignation", StringReference, String,  V2_0, "socket name on the board"},
+    {0x05, "BankConnections",   1,               Decimal, V2_0, "banks that the socket is wired to; Fh in a half is no connection",                                                 Packed(BankConnectionsParts)},
+    {0x06, "CurrentSpeed",      1,               Decimal, V2_0, "speed in nanoseconds, 0 unknown"},
+    {0x07, "CurrentMemoryType", 2,               Decimal, V2_0, "type of the module",                                                                                               Bits(16, CurrentMemoryTypeRows)},
+    {0x09, "InstalledSize",     1,               Decimal, V2_0, "installed size, 2 to the n megabytes; n of 7Dh is not determinable, 7Eh is nothing enabled, 7Fh is not installed", Packed(InstalledSizeParts)},
+    {0x0A, "EnabledSize",       1,               Decimal, V2_0, "enabled size, in the form of `InstalledSize`",                                                                     Packed(EnabledSizeParts)},
+    {0x0B, "ErrorStatus",       1,               Decimal, V2_0, "errors of the module",                                                                                             Bits(8, ErrorStatusRows)},
 };
 
 static_assert(IsWellFormed(Fields));

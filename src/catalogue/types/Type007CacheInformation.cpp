@@ -96,18 +96,18 @@ constexpr Part InstalledSize2Parts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "SocketDesignation",   StringReference, String,  V2_3},
-    {0x05, "CacheConfiguration",  2,               Decimal, V2_3, DecodedBy("CacheConfiguration", CacheConfigurationRows)},
-    {0x07, "MaxCacheSize",        2,               Decimal, V2_3, DecodedBy("CacheSize", CacheSizeRows)},
-    {0x09, "InstalledSize",       2,               Decimal, V2_3, DecodedBy("CacheSize", CacheSizeRows)},
-    {0x0B, "SupportedSRAMType",   2,               Decimal, V2_3, Bits(16, SramTypeRows)},
-    {0x0D, "CurrentSRAMType",     2,               Decimal, V2_3, Bits(16, SramTypeRows)},
-    {0x0F, "CacheSpeed",          1,               Decimal, V2_3},
-    {0x10, "ErrorCorrectionType", 1,               Decimal, V2_3, Enumeration(ErrorCorrectionTypeRows)},
-    {0x11, "SystemCacheType",     1,               Decimal, V2_3, Enumeration(SystemCacheTypeRows)},
-    {0x12, "Associativity",       1,               Decimal, V2_3, Enumeration(AssociativityRows)},
-    {0x13, "MaxCacheSize2",       4,               Decimal, V3_1, Packed(MaxCacheSize2Parts)},
-    {0x17, "InstalledSize2",      4,               Decimal, V3_1, Packed(InstalledSize2Parts)},
+    {0x04, "SocketDesignation",   StringReference, String,  V2_3, "socket name on the board"},
+    {0x05, "CacheConfiguration",  2,               Decimal, V2_3, "level, place and mode",                          DecodedBy("CacheConfiguration", CacheConfigurationRows)},
+    {0x07, "MaxCacheSize",        2,               Decimal, V2_3, "largest size; FFFFh see `MaxCacheSize2`",        DecodedBy("CacheSize", CacheSizeRows)},
+    {0x09, "InstalledSize",       2,               Decimal, V2_3, "installed size; FFFFh see `InstalledSize2`",     DecodedBy("CacheSize", CacheSizeRows)},
+    {0x0B, "SupportedSRAMType",   2,               Decimal, V2_3, "supported SRAM types",                           Bits(16, SramTypeRows)},
+    {0x0D, "CurrentSRAMType",     2,               Decimal, V2_3, "current SRAM type",                              Bits(16, SramTypeRows)},
+    {0x0F, "CacheSpeed",          1,               Decimal, V2_3, "speed in nanoseconds, 0 unknown"},
+    {0x10, "ErrorCorrectionType", 1,               Decimal, V2_3, "error correction",                               Enumeration(ErrorCorrectionTypeRows)},
+    {0x11, "SystemCacheType",     1,               Decimal, V2_3, "kind of cache",                                  Enumeration(SystemCacheTypeRows)},
+    {0x12, "Associativity",       1,               Decimal, V2_3, "associativity",                                  Enumeration(AssociativityRows)},
+    {0x13, "MaxCacheSize2",       4,               Decimal, V3_1, "largest size, sizes above 2047 MB included",     Packed(MaxCacheSize2Parts)},
+    {0x17, "InstalledSize2",      4,               Decimal, V3_1, "installed size, in the form of `MaxCacheSize2`", Packed(InstalledSize2Parts)},
 };
 
 static_assert(IsWellFormed(Fields));

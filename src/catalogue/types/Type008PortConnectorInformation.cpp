@@ -93,11 +93,11 @@ constexpr Row PortTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "InternalReferenceDesignator", StringReference, String,  V2_3},
-    {0x05, "InternalConnectorType",       1,               Decimal, V2_3, Enumeration(ConnectorTypeRows)},
-    {0x06, "ExternalReferenceDesignator", StringReference, String,  V2_3},
-    {0x07, "ExternalConnectorType",       1,               Decimal, V2_3, Enumeration(ConnectorTypeRows)},
-    {0x08, "PortType",                    1,               Decimal, V2_3, Enumeration(PortTypeRows)},
+    {0x04, "InternalReferenceDesignator", StringReference, String,  V2_3, "connector name on the board"},
+    {0x05, "InternalConnectorType",       1,               Decimal, V2_3, "internal connector",          Enumeration(ConnectorTypeRows)},
+    {0x06, "ExternalReferenceDesignator", StringReference, String,  V2_3, "connector name outside"},
+    {0x07, "ExternalConnectorType",       1,               Decimal, V2_3, "external connector",          Enumeration(ConnectorTypeRows)},
+    {0x08, "PortType",                    1,               Decimal, V2_3, "function of the port",        Enumeration(PortTypeRows)},
 };
 
 static_assert(IsWellFormed(Fields));

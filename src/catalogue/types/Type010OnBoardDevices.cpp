@@ -43,15 +43,15 @@ constexpr Part DeviceTypeAndStatusParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "DeviceType",        1,               Decimal, V2_3, MaskedEnumeration(DeviceTypeRows)},
-    {0x05, "DescriptionString", StringReference, String,  V2_3},
+    {0x04, "DeviceType",        1,               Decimal, V2_3, "type of the first device; see `OnBoardDevice[n]` for all", MaskedEnumeration(DeviceTypeRows)},
+    {0x05, "DescriptionString", StringReference, String,  V2_3, "description of the first device"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field OnBoardDeviceFields[] = {
-    {0x00, "DeviceTypeAndStatus", 1,               Decimal, V2_3, Packed(DeviceTypeAndStatusParts)},
-    {0x01, "DeviceDescription",   StringReference, String,  V2_3},
+    {0x00, "DeviceTypeAndStatus", 1,               Decimal, V2_3, "device type and whether the device is enabled", Packed(DeviceTypeAndStatusParts)},
+    {0x01, "DeviceDescription",   StringReference, String,  V2_3, "description text"},
 };
 
 constexpr Section Sections[] = {

@@ -6,7 +6,7 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "StringCount", 1, Decimal, V2_0},
+    {0x04, "StringCount", 1, Decimal, V2_0, "number of strings of the structure"},
 };
 
 static_assert(IsWellFormed(Fields));

@@ -6,14 +6,14 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "GroupName", StringReference, String, V2_0},
+    {0x04, "GroupName", StringReference, String, V2_0, "name of the group"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field ItemFields[] = {
-    {0x00, "ItemType",   1, Decimal, V2_0},
-    {0x01, "ItemHandle", 2, Decimal, V2_0},
+    {0x00, "ItemType",   1, Decimal, V2_0, "structure type of the member"},
+    {0x01, "ItemHandle", 2, Decimal, V2_0, "handle of the member"},
 };
 
 constexpr Section Sections[] = {

@@ -62,23 +62,23 @@ constexpr Row VariableDataFormatTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "LogAreaLength",                       2, Decimal, V2_0},
-    {0x06, "LogHeaderStartOffset",                2, Decimal, V2_0},
-    {0x08, "LogDataStartOffset",                  2, Decimal, V2_0},
-    {0x0A, "AccessMethod",                        1, Decimal, V2_0, Enumeration(AccessMethodRows)},
-    {0x0B, "LogStatus",                           1, Decimal, V2_0, Bits(8, LogStatusRows)},
-    {0x0C, "LogChangeToken",                      4, Decimal, V2_0},
-    {0x10, "AccessMethodAddress",                 4, Decimal, V2_0},
-    {0x14, "LogHeaderFormat",                     1, Decimal, V2_1, Enumeration(LogHeaderFormatRows)},
-    {0x15, "NumberOfSupportedLogTypeDescriptors", 1, Decimal, V2_1},
-    {0x16, "LengthOfEachLogTypeDescriptor",       1, Decimal, V2_1},
+    {0x04, "LogAreaLength",                       2, Decimal, V2_0, "length of the log area in bytes, header included"},
+    {0x06, "LogHeaderStartOffset",                2, Decimal, V2_0, "offset of the log header in the area"},
+    {0x08, "LogDataStartOffset",                  2, Decimal, V2_0, "offset of the first log data byte in the area"},
+    {0x0A, "AccessMethod",                        1, Decimal, V2_0, "how the log area is reached",                           Enumeration(AccessMethodRows)},
+    {0x0B, "LogStatus",                           1, Decimal, V2_0, "state of the log",                                      Bits(8, LogStatusRows)},
+    {0x0C, "LogChangeToken",                      4, Decimal, V2_0, "number that changes with each change of the log"},
+    {0x10, "AccessMethodAddress",                 4, Decimal, V2_0, "address for the access method, read by `AccessMethod`"},
+    {0x14, "LogHeaderFormat",                     1, Decimal, V2_1, "format of the log header",                              Enumeration(LogHeaderFormatRows)},
+    {0x15, "NumberOfSupportedLogTypeDescriptors", 1, Decimal, V2_1, "number of log type descriptors"},
+    {0x16, "LengthOfEachLogTypeDescriptor",       1, Decimal, V2_1, "length of a log type descriptor in bytes"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field LogTypeDescriptorFields[] = {
-    {0x00, "LogType",                1, Decimal, V2_1, Enumeration(LogTypeRows)},
-    {0x01, "VariableDataFormatType", 1, Decimal, V2_1, Enumeration(VariableDataFormatTypeRows)},
+    {0x00, "LogType",                1, Decimal, V2_1, "kind of event",               Enumeration(LogTypeRows)},
+    {0x01, "VariableDataFormatType", 1, Decimal, V2_1, "format of the variable data", Enumeration(VariableDataFormatTypeRows)},
 };
 
 constexpr Section Sections[] = {

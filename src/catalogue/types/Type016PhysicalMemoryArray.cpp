@@ -47,18 +47,18 @@ constexpr Row MemoryErrorCorrectionRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Location",              1, Decimal, V2_3, Enumeration(LocationRows)},
-    {0x05, "Use",                   1, Decimal, V2_3, Enumeration(UseRows)},
-    {0x06, "MemoryErrorCorrection", 1, Decimal, V2_3, Enumeration(MemoryErrorCorrectionRows)},
-    {0x07, "MaxCapacity",           4, Decimal, V2_3},
-    {0x0B, "MemoryErrorInfoHandle", 2, Decimal, V2_3},
-    {0x0D, "NumMemoryDevices",      2, Decimal, V2_3},
+    {0x04, "Location",              1, Decimal, V2_3, "where the array sits",                                                    Enumeration(LocationRows)},
+    {0x05, "Use",                   1, Decimal, V2_3, "what the array is for",                                                   Enumeration(UseRows)},
+    {0x06, "MemoryErrorCorrection", 1, Decimal, V2_3, "error correction",                                                        Enumeration(MemoryErrorCorrectionRows)},
+    {0x07, "MaxCapacity",           4, Decimal, V2_3, "largest capacity in kilobytes; 80000000h see `ExtendedMaxCapacity`"},
+    {0x0B, "MemoryErrorInfoHandle", 2, Decimal, V2_3, "handle of a Type 18 or 33 structure; FFFEh not provided, FFFFh no error"},
+    {0x0D, "NumMemoryDevices",      2, Decimal, V2_3, "number of device slots in the array"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field LaterFields[] = {
-    {0x0F, "ExtendedMaxCapacity", 8, Unsigned, V2_7},
+    {0x0F, "ExtendedMaxCapacity", 8, Unsigned, V2_7, "largest capacity in bytes, valid when `MaxCapacity` is 80000000h"},
 };
 
 constexpr Section Sections[] = {

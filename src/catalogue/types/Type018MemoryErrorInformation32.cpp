@@ -41,13 +41,13 @@ constexpr Row ErrorOperationRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ErrorType",               1, Decimal, V2_3, Enumeration(ErrorTypeRows)},
-    {0x05, "ErrorGranularity",        1, Decimal, V2_3, Enumeration(ErrorGranularityRows)},
-    {0x06, "ErrorOperation",          1, Decimal, V2_3, Enumeration(ErrorOperationRows)},
-    {0x07, "VendorSyndrome",          4, Decimal, V2_3},
-    {0x0B, "MemoryArrayErrorAddress", 4, Decimal, V2_3},
-    {0x0F, "DeviceErrorAddress",      4, Decimal, V2_3},
-    {0x13, "ErrorResolution",         4, Decimal, V2_3},
+    {0x04, "ErrorType",               1, Decimal, V2_3, "kind of error",                                                 Enumeration(ErrorTypeRows)},
+    {0x05, "ErrorGranularity",        1, Decimal, V2_3, "granularity",                                                   Enumeration(ErrorGranularityRows)},
+    {0x06, "ErrorOperation",          1, Decimal, V2_3, "operation that failed",                                         Enumeration(ErrorOperationRows)},
+    {0x07, "VendorSyndrome",          4, Decimal, V2_3, "vendor syndrome; 0 unknown"},
+    {0x0B, "MemoryArrayErrorAddress", 4, Decimal, V2_3, "address in the array; 80000000h unknown"},
+    {0x0F, "DeviceErrorAddress",      4, Decimal, V2_3, "address in the device; 80000000h unknown"},
+    {0x13, "ErrorResolution",         4, Decimal, V2_3, "range in bytes within which the error lies; 80000000h unknown"},
 };
 
 static_assert(IsWellFormed(Fields));

@@ -34,9 +34,9 @@ constexpr Row InterfaceRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Type",            1, Decimal, V2_1, Enumeration(TypeRows)},
-    {0x05, "Interface",       1, Decimal, V2_1, Enumeration(InterfaceRows)},
-    {0x06, "NumberOfButtons", 1, Decimal, V2_1},
+    {0x04, "Type",            1, Decimal, V2_1, "kind of pointing device",    Enumeration(TypeRows)},
+    {0x05, "Interface",       1, Decimal, V2_1, "how the device is attached", Enumeration(InterfaceRows)},
+    {0x06, "NumberOfButtons", 1, Decimal, V2_1, "number of buttons"},
 };
 
 static_assert(IsWellFormed(Fields));

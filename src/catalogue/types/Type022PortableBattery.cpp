@@ -23,21 +23,21 @@ constexpr Part SBDSManufactureDateParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Location",                  StringReference, String,  V2_1},
-    {0x05, "Manufacturer",              StringReference, String,  V2_1},
-    {0x06, "ManufactureDate",           StringReference, String,  V2_1},
-    {0x07, "SerialNumber",              StringReference, String,  V2_1},
-    {0x08, "DeviceName",                StringReference, String,  V2_1},
-    {0x09, "DeviceChemistry",           1,               Decimal, V2_1, Enumeration(DeviceChemistryRows)},
-    {0x0A, "DesignCapacity",            2,               Decimal, V2_1},
-    {0x0C, "DesignVoltage",             2,               Decimal, V2_1},
-    {0x0E, "SBDSVersionNumber",         StringReference, String,  V2_1},
-    {0x0F, "MaximumErrorInBatteryData", 1,               Decimal, V2_1},
-    {0x10, "SBDSSerialNumber",          2,               Decimal, V2_2},
-    {0x12, "SBDSManufactureDate",       2,               Decimal, V2_2, Packed(SBDSManufactureDateParts)},
-    {0x14, "SBDSDeviceChemistry",       StringReference, String,  V2_2},
-    {0x15, "DesignCapacityMultiplier",  1,               Decimal, V2_2},
-    {0x16, "OEMSpecific",               4,               Decimal, V2_2},
+    {0x04, "Location",                  StringReference, String,  V2_1, "where the battery sits"},
+    {0x05, "Manufacturer",              StringReference, String,  V2_1, "manufacturer text"},
+    {0x06, "ManufactureDate",           StringReference, String,  V2_1, "date of manufacture; no string where `SBDSManufactureDate` gives it"},
+    {0x07, "SerialNumber",              StringReference, String,  V2_1, "serial number; no string where `SBDSSerialNumber` gives it"},
+    {0x08, "DeviceName",                StringReference, String,  V2_1, "name of the battery"},
+    {0x09, "DeviceChemistry",           1,               Decimal, V2_1, "chemistry; 02h where `SBDSDeviceChemistry` gives it",                                                                    Enumeration(DeviceChemistryRows)},
+    {0x0A, "DesignCapacity",            2,               Decimal, V2_1, "design capacity in milliwatt-hours, to be multiplied by `DesignCapacityMultiplier` where that is present; 0 if unknown"},
+    {0x0C, "DesignVoltage",             2,               Decimal, V2_1, "design voltage in millivolts; 0 if unknown"},
+    {0x0E, "SBDSVersionNumber",         StringReference, String,  V2_1, "supported version of the Smart Battery Data Specification"},
+    {0x0F, "MaximumErrorInBatteryData", 1,               Decimal, V2_1, "greatest error of the reported energy in percent; FFh if unknown"},
+    {0x10, "SBDSSerialNumber",          2,               Decimal, V2_2, "serial number of a smart battery; valid if `SerialNumber` has no string"},
+    {0x12, "SBDSManufactureDate",       2,               Decimal, V2_2, "date of manufacture of a smart battery; valid if `ManufactureDate` has no string",                                       Packed(SBDSManufactureDateParts)},
+    {0x14, "SBDSDeviceChemistry",       StringReference, String,  V2_2, "chemistry text of a smart battery; valid if `DeviceChemistry` is 02h"},
+    {0x15, "DesignCapacityMultiplier",  1,               Decimal, V2_2, "factor of `DesignCapacity`"},
+    {0x16, "OEMSpecific",               4,               Decimal, V2_2, "value of the OEM or firmware vendor"},
 };
 
 static_assert(IsWellFormed(Fields));

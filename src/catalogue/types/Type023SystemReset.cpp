@@ -30,11 +30,11 @@ constexpr Part CapabilitiesParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Capabilities",  1, Decimal, V2_2, Packed(CapabilitiesParts)},
-    {0x05, "ResetCount",    2, Decimal, V2_2},
-    {0x07, "ResetLimit",    2, Decimal, V2_2},
-    {0x09, "TimerInterval", 2, Decimal, V2_2},
-    {0x0B, "Timeout",       2, Decimal, V2_2},
+    {0x04, "Capabilities",  1, Decimal, V2_2, "reset capabilities",                                             Packed(CapabilitiesParts)},
+    {0x05, "ResetCount",    2, Decimal, V2_2, "automatic resets since the last intended one; FFFFh if unknown"},
+    {0x07, "ResetLimit",    2, Decimal, V2_2, "how often a reset is tried in a row; FFFFh if unknown"},
+    {0x09, "TimerInterval", 2, Decimal, V2_2, "watchdog interval in minutes; FFFFh if unknown"},
+    {0x0B, "Timeout",       2, Decimal, V2_2, "minutes until the reboot begins; FFFFh if unknown"},
 };
 
 static_assert(IsWellFormed(Fields));

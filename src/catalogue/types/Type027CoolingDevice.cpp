@@ -34,12 +34,12 @@ constexpr Part DeviceTypeAndStatusParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "TemperatureProbeHandle", 2,               Decimal, V2_2},
-    {0x06, "DeviceTypeAndStatus",    1,               Decimal, V2_2, Packed(DeviceTypeAndStatusParts)},
-    {0x07, "CoolingUnitGroup",       1,               Decimal, V2_2},
-    {0x08, "OEMDefined",             4,               Decimal, V2_2},
-    {0x0C, "NominalSpeed",           2,               Decimal, V2_2},
-    {0x0E, "Description",            StringReference, String,  V2_7},
+    {0x04, "TemperatureProbeHandle", 2,               Decimal, V2_2, "handle of the Type 28 structure that watches this device; FFFFh if there is none"},
+    {0x06, "DeviceTypeAndStatus",    1,               Decimal, V2_2, "kind and state",                                                                                                 Packed(DeviceTypeAndStatusParts)},
+    {0x07, "CoolingUnitGroup",       1,               Decimal, V2_2, "group of devices that stand in for one another; 0 if in none"},
+    {0x08, "OEMDefined",             4,               Decimal, V2_2, "value of the OEM or firmware vendor"},
+    {0x0C, "NominalSpeed",           2,               Decimal, V2_2, "nominal speed in revolutions per minute; 8000h if unknown or not rotating; only in a structure longer than 0Ch"},
+    {0x0E, "Description",            StringReference, String,  V2_7, "what the device cools or where it sits"},
 };
 
 static_assert(IsWellFormed(Fields));

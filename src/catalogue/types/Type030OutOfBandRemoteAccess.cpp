@@ -11,8 +11,8 @@ constexpr Row ConnectionsRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ManufacturerName", StringReference, String,  V2_2},
-    {0x05, "Connections",      1,               Decimal, V2_2, Bits(8, ConnectionsRows)},
+    {0x04, "ManufacturerName", StringReference, String,  V2_2, "manufacturer of the remote access facility"},
+    {0x05, "Connections",      1,               Decimal, V2_2, "permitted connections",                      Bits(8, ConnectionsRows)},
 };
 
 static_assert(IsWellFormed(Fields));

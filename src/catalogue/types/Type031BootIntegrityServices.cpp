@@ -11,13 +11,13 @@ constexpr Part EntryPoint16Parts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Checksum",     1, Decimal, V2_3},
-    {0x05, "Reserved1",    1, Hex,     V2_3},
-    {0x06, "Reserved2",    2, Hex,     V2_3},
-    {0x08, "EntryPoint16", 4, Decimal, V2_3, Packed(EntryPoint16Parts)},
-    {0x0C, "EntryPoint32", 4, Decimal, V2_3},
-    {0x10, "Reserved3",    8, Hex,     V2_3},
-    {0x18, "Reserved4",    4, Hex,     V2_3},
+    {0x04, "Checksum",     1, Decimal, V2_3, "makes the bytes of the structure add up to 0"},
+    {0x05, "Reserved1",    1, Hex,     V2_3, "reserved byte"},
+    {0x06, "Reserved2",    2, Hex,     V2_3, "2 reserved bytes"},
+    {0x08, "EntryPoint16", 4, Decimal, V2_3, "real-mode entry point",                                    Packed(EntryPoint16Parts)},
+    {0x0C, "EntryPoint32", 4, Decimal, V2_3, "physical address of the entry point for 32-bit flat mode"},
+    {0x10, "Reserved3",    8, Hex,     V2_3, "8 reserved bytes"},
+    {0x18, "Reserved4",    4, Hex,     V2_3, "4 reserved bytes"},
 };
 
 static_assert(IsWellFormed(Fields));

@@ -18,14 +18,14 @@ constexpr Row BootStatusCodeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Reserved",   6,  Hex, V2_3},
-    {0x0A, "BootStatus", 10, Hex, V2_3},
+    {0x04, "Reserved",   6,  Hex, V2_3, "reserved bytes"},
+    {0x0A, "BootStatus", 10, Hex, V2_3, "boot status and further data"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field CodeFields[] = {
-    {0x0A, "BootStatusCode", 1, Decimal, V2_3, Enumeration(BootStatusCodeRows)},
+    {0x0A, "BootStatusCode", 1, Decimal, V2_3, "the first byte of `BootStatus`, which many structures hold alone", Enumeration(BootStatusCodeRows)},
 };
 
 constexpr Section Sections[] = {

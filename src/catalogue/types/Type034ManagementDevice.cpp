@@ -30,10 +30,10 @@ constexpr Row AddressTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Description", StringReference, String,  V2_3},
-    {0x05, "Type",        1,               Decimal, V2_3, Enumeration(TypeRows)},
-    {0x06, "Address",     4,               Decimal, V2_3},
-    {0x0A, "AddressType", 1,               Decimal, V2_3, Enumeration(AddressTypeRows)},
+    {0x04, "Description", StringReference, String,  V2_3, "what the device is or where it sits"},
+    {0x05, "Type",        1,               Decimal, V2_3, "kind of device",                      Enumeration(TypeRows)},
+    {0x06, "Address",     4,               Decimal, V2_3, "address of the device"},
+    {0x0A, "AddressType", 1,               Decimal, V2_3, "how `Address` is reached",            Enumeration(AddressTypeRows)},
 };
 
 static_assert(IsWellFormed(Fields));

@@ -13,16 +13,16 @@ constexpr Row ChannelTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ChannelType",        1, Decimal, V2_3, Enumeration(ChannelTypeRows)},
-    {0x05, "MaximumChannelLoad", 1, Decimal, V2_3},
-    {0x06, "MemoryDeviceCount",  1, Decimal, V2_3},
+    {0x04, "ChannelType",        1, Decimal, V2_3, "kind of memory on the channel",    Enumeration(ChannelTypeRows)},
+    {0x05, "MaximumChannelLoad", 1, Decimal, V2_3, "greatest sum of the device loads"},
+    {0x06, "MemoryDeviceCount",  1, Decimal, V2_3, "number of devices on the channel"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field MemoryDeviceFields[] = {
-    {0x00, "MemoryDeviceLoad",   1, Decimal, V2_3},
-    {0x01, "MemoryDeviceHandle", 2, Decimal, V2_3},
+    {0x00, "MemoryDeviceLoad",   1, Decimal, V2_3, "load of the device"},
+    {0x01, "MemoryDeviceHandle", 2, Decimal, V2_3, "handle of the Type 17 structure"},
 };
 
 constexpr Section Sections[] = {

@@ -44,18 +44,18 @@ constexpr Part BaseAddressModifierInterruptInfoParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "InterfaceType", 1, Decimal, V2_3, Enumeration(InterfaceTypeRows)},
-    {0x05, "IPMISpecRev",   1, Decimal, V2_3, DecodedBy("IPMISpecRev")},
-    {0x06, "I2CSlaveAddr",  1, Decimal, V2_3},
-    {0x07, "NVStoreAddr",   1, Decimal, V2_3},
-    {0x08, "BaseAddress",   8, Decimal, V2_3},
+    {0x04, "InterfaceType", 1, Decimal, V2_3, "interface of the management controller",               Enumeration(InterfaceTypeRows)},
+    {0x05, "IPMISpecRev",   1, Decimal, V2_3, "revision of the IPMI specification",                   DecodedBy("IPMISpecRev")},
+    {0x06, "I2CSlaveAddr",  1, Decimal, V2_3, "slave address on the I2C bus"},
+    {0x07, "NVStoreAddr",   1, Decimal, V2_3, "address of the non-volatile storage device; FFh none"},
+    {0x08, "BaseAddress",   8, Decimal, V2_3, "base address of the interface"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field LaterFields[] = {
-    {0x10, "BaseAddressModifierInterruptInfo", 1, Decimal, V2_4, Packed(BaseAddressModifierInterruptInfoParts)},
-    {0x11, "InterruptNumber",                  1, Decimal, V2_4},
+    {0x10, "BaseAddressModifierInterruptInfo", 1, Decimal, V2_4, "register spacing, lowest address bit and interrupt line; 0 for SSIF", Packed(BaseAddressModifierInterruptInfoParts)},
+    {0x11, "InterruptNumber",                  1, Decimal, V2_4, "interrupt number; 0 if not specified or not supported"},
 };
 
 constexpr Section Sections[] = {

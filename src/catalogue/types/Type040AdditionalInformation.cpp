@@ -6,17 +6,17 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "NumberOfAdditionalInformationEntries", 1, Decimal, V2_6},
+    {0x04, "NumberOfAdditionalInformationEntries", 1, Decimal, V2_6, "number of entries"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field AdditionalInformationEntryFields[] = {
-    {0x00, "EntryLength",      1,               Decimal, V2_6},
-    {0x01, "ReferencedHandle", 2,               Decimal, V2_6},
-    {0x03, "ReferencedOffset", 1,               Decimal, V2_6},
-    {0x04, "String",           StringReference, String,  V2_6},
-    {0x05, "Value",            RestOfRecord,    Hex,     V2_6},
+    {0x00, "EntryLength",      1,               Decimal, V2_6, "length of the entry in bytes, this byte included, at least 6"},
+    {0x01, "ReferencedHandle", 2,               Decimal, V2_6, "handle of the structure that the entry adds to"},
+    {0x03, "ReferencedOffset", 1,               Decimal, V2_6, "offset of the field within that structure"},
+    {0x04, "String",           StringReference, String,  V2_6, "text for that field"},
+    {0x05, "Value",            RestOfRecord,    Hex,     V2_6, "value for that field, of its kind and size"},
 };
 
 constexpr Section Sections[] = {

@@ -40,12 +40,12 @@ constexpr Part DeviceFunctionNumberParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ReferenceDesignation", StringReference, String,  V2_6},
-    {0x05, "DeviceType",           1,               Decimal, V2_6, Packed(DeviceTypeParts)},
-    {0x06, "DeviceTypeInstance",   1,               Decimal, V2_6},
-    {0x07, "SegmentGroupNumber",   2,               Decimal, V2_6},
-    {0x09, "BusNumber",            1,               Decimal, V2_6},
-    {0x0A, "DeviceFunctionNumber", 1,               Decimal, V2_6, Packed(DeviceFunctionNumberParts)},
+    {0x04, "ReferenceDesignation", StringReference, String,  V2_6, "name of the device on the board"},
+    {0x05, "DeviceType",           1,               Decimal, V2_6, "kind of device and whether it is enabled",       Packed(DeviceTypeParts)},
+    {0x06, "DeviceTypeInstance",   1,               Decimal, V2_6, "number among the devices of the same kind"},
+    {0x07, "SegmentGroupNumber",   2,               Decimal, V2_6, "PCI segment group; FFFFh if not applicable"},
+    {0x09, "BusNumber",            1,               Decimal, V2_6, "PCI bus; FFh if not applicable"},
+    {0x0A, "DeviceFunctionNumber", 1,               Decimal, V2_6, "PCI device and function; FFh if not applicable", Packed(DeviceFunctionNumberParts)},
 };
 
 static_assert(IsWellFormed(Fields));

@@ -34,24 +34,24 @@ constexpr Row ProtocolTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "InterfaceType", 1, Decimal, V2_7, Enumeration(InterfaceTypeRows)},
+    {0x04, "InterfaceType", 1, Decimal, V2_7, "kind of interface", Enumeration(InterfaceTypeRows)},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field DataFields[] = {
-    {0x05, "InterfaceTypeSpecificDataLength", 1,              Decimal, V3_2},
-    {0x06, "InterfaceTypeSpecificData",       AsSaidAt(0x05), Hex,     V3_2},
+    {0x05, "InterfaceTypeSpecificDataLength", 1,              Decimal, V3_2, "length in bytes of the data behind it, at least 4"},
+    {0x06, "InterfaceTypeSpecificData",       AsSaidAt(0x05), Hex,     V3_2, "data of the interface, in a form that `InterfaceType` fixes"},
 };
 
 constexpr Field BehindInterfaceTypeSpecificDataFields[] = {
-    {0x00, "NumberOfProtocolRecords", 1, Decimal, V3_2},
+    {0x00, "NumberOfProtocolRecords", 1, Decimal, V3_2, "number of protocol records"},
 };
 
 constexpr Field ProtocolRecordFields[] = {
-    {0x00, "ProtocolType",                   1,              Decimal, V3_2, Enumeration(ProtocolTypeRows)},
-    {0x01, "ProtocolTypeSpecificDataLength", 1,              Decimal, V3_2},
-    {0x02, "ProtocolTypeSpecificData",       AsSaidAt(0x01), Hex,     V3_2},
+    {0x00, "ProtocolType",                   1,              Decimal, V3_2, "protocol",                                                                         Enumeration(ProtocolTypeRows)},
+    {0x01, "ProtocolTypeSpecificDataLength", 1,              Decimal, V3_2, "length in bytes of the data behind it, this byte and the one before not included"},
+    {0x02, "ProtocolTypeSpecificData",       AsSaidAt(0x01), Hex,     V3_2, "data of the protocol"},
 };
 
 constexpr Section Sections[] = {

@@ -34,24 +34,24 @@ constexpr Row StateRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "FirmwareComponentName",          StringReference, String,   V3_5},
-    {0x05, "FirmwareVersion",                StringReference, String,   V3_5},
-    {0x06, "VersionFormat",                  1,               Decimal,  V3_5, Enumeration(VersionFormatRows)},
-    {0x07, "FirmwareID",                     StringReference, String,   V3_5},
-    {0x08, "FirmwareIDFormat",               1,               Decimal,  V3_5, Enumeration(FirmwareIDFormatRows)},
-    {0x09, "ReleaseDate",                    StringReference, String,   V3_5},
-    {0x0A, "Manufacturer",                   StringReference, String,   V3_5},
-    {0x0B, "LowestSupportedFirmwareVersion", StringReference, String,   V3_5},
-    {0x0C, "ImageSize",                      8,               Unsigned, V3_5},
-    {0x14, "Characteristics",                2,               Decimal,  V3_5, Bits(16, CharacteristicsRows)},
-    {0x16, "State",                          1,               Decimal,  V3_5, Enumeration(StateRows)},
-    {0x17, "NumberOfAssociatedComponents",   1,               Decimal,  V3_5},
+    {0x04, "FirmwareComponentName",          StringReference, String,   V3_5, "name of the firmware"},
+    {0x05, "FirmwareVersion",                StringReference, String,   V3_5, "version text, in the form of `VersionFormat`"},
+    {0x06, "VersionFormat",                  1,               Decimal,  V3_5, "form of the version texts",                                                    Enumeration(VersionFormatRows)},
+    {0x07, "FirmwareID",                     StringReference, String,   V3_5, "identifier text, in the form of `FirmwareIDFormat`"},
+    {0x08, "FirmwareIDFormat",               1,               Decimal,  V3_5, "form of the identifier text",                                                  Enumeration(FirmwareIDFormatRows)},
+    {0x09, "ReleaseDate",                    StringReference, String,   V3_5, "release date text"},
+    {0x0A, "Manufacturer",                   StringReference, String,   V3_5, "maker of the firmware"},
+    {0x0B, "LowestSupportedFirmwareVersion", StringReference, String,   V3_5, "oldest version that it can be rolled back to, in the form of `VersionFormat`"},
+    {0x0C, "ImageSize",                      8,               Unsigned, V3_5, "size of the image in bytes; FFFFFFFFFFFFFFFFh if unknown"},
+    {0x14, "Characteristics",                2,               Decimal,  V3_5, "characteristics",                                                              Bits(16, CharacteristicsRows)},
+    {0x16, "State",                          1,               Decimal,  V3_5, "state of the firmware",                                                        Enumeration(StateRows)},
+    {0x17, "NumberOfAssociatedComponents",   1,               Decimal,  V3_5, "number of handles behind it"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 constexpr Field AssociatedComponentFields[] = {
-    {0x00, "AssociatedComponentHandle", 2, Decimal, V3_5},
+    {0x00, "AssociatedComponentHandle", 2, Decimal, V3_5, "handle of a structure whose device runs the firmware"},
 };
 
 constexpr Section Sections[] = {

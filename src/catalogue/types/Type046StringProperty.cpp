@@ -11,9 +11,9 @@ constexpr Row StringPropertyIDRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "StringPropertyID",    2,               Decimal, V3_5, Enumeration(StringPropertyIDRows)},
-    {0x06, "StringPropertyValue", StringReference, String,  V3_5},
-    {0x07, "ParentHandle",        2,               Decimal, V3_5},
+    {0x04, "StringPropertyID",    2,               Decimal, V3_5, "which property the text gives",                 Enumeration(StringPropertyIDRows)},
+    {0x06, "StringPropertyValue", StringReference, String,  V3_5, "text of the property"},
+    {0x07, "ParentHandle",        2,               Decimal, V3_5, "handle of the structure that has the property"},
 };
 
 static_assert(IsWellFormed(Fields));

@@ -6,19 +6,19 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "Address",  4, Decimal, V2_7},
-    {0x08, "Size",     4, Decimal, V2_7},
-    {0x0C, "Socket",   1, Decimal, V2_7},
-    {0x0D, "Channel",  1, Decimal, V2_7},
-    {0x0E, "DimmSlot", 1, Decimal, V2_7},
-    {0x0F, "Reserved", 1, Decimal, V2_7},
+    {0x04, "Address",  4, Decimal, V2_7, "physical address of the block of SPD data"},
+    {0x08, "Size",     4, Decimal, V2_7, "its size in bytes"},
+    {0x0C, "Socket",   1, Decimal, V2_7, "socket of the memory device"},
+    {0x0D, "Channel",  1, Decimal, V2_7, "memory channel"},
+    {0x0E, "DimmSlot", 1, Decimal, V2_7, "DIMM slot"},
+    {0x0F, "Reserved", 1, Decimal, V2_7, "reserved byte"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 // Other platforms use the number for structures of their own.
 constexpr Field DataFields[] = {
-    {0x04, "Data", RestOfRecord, Hex, V2_0},
+    {0x04, "Data", RestOfRecord, Hex, V2_0, "all bytes behind the header: on other platforms the number means other things"},
 };
 
 constexpr Section Sections[] = {

@@ -6,15 +6,15 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "Address", 4, Decimal, V2_7},
-    {0x08, "Size",    4, Decimal, V2_7},
+    {0x04, "Address", 4, Decimal, V2_7, "physical address of the reserved memory"},
+    {0x08, "Size",    4, Decimal, V2_7, "its size in bytes"},
 };
 
 static_assert(IsWellFormed(Fields));
 
 // Other platforms use the number for structures of their own.
 constexpr Field DataFields[] = {
-    {0x04, "Data", RestOfRecord, Hex, V2_0},
+    {0x04, "Data", RestOfRecord, Hex, V2_0, "all bytes behind the header: on other platforms the number means other things"},
 };
 
 constexpr Section Sections[] = {

@@ -6,7 +6,7 @@ namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
 constexpr Field Fields[] = {
-    {0x04, "Data", RestOfRecord, Hex, V2_0},
+    {0x04, "Data", RestOfRecord, Hex, V2_0, "all bytes behind the header"},
 };
 
 static_assert(IsWellFormed(Fields));
