@@ -1,117 +1,150 @@
 #include "FieldWords.h"
 
 #include "PathsWords.h"
+#include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "samples/Image.h"
 
-#include <map>
+#include <algorithm>
 #include <sstream>
 #include <stdexcept>
 
 using namespace Protocol::SMBIOS;
+using namespace Protocol::SMBIOS::Catalogue;
 using Images::Bytes;
 
 namespace {
 
-constexpr int StringReference = 17;
 constexpr std::size_t HeaderSize = 4;
+constexpr int MostBitsToList = 4; // a leaf of more is a number
 
-/// What stands at and below the field of a structure that is all 01h but for `bytes` there. `path` becomes
-/// the field's path, with `suffix` behind it.
-std::map<std::string, _XNode> Decoded(const FieldView& field, const Bytes& bytes, std::string& path,
-                                      const char* suffix = "")
-{
-    constexpr std::size_t LongEnough = 64;
-    constexpr unsigned short Handle = 0xABCD; // not 0101h, so that no link leads anywhere
-    Bytes image = Images::Image({Images::Structure(field.Type, Handle)
-                                     .Fill(field.Offset - HeaderSize, 1)
-                                     .Raw(bytes)
-                                     .Fill(LongEnough, 1)});
-    SMBIOSProtocolImpl object(image.data(), static_cast<unsigned short>(image.size()), "");
-    path = "/Type" + std::to_string(field.Type) + (field.Table.Indexed ? "[1]/" : "/");
-    path.append(field.Field.Name).append(suffix);
-    std::map<std::string, _XNode> nodes;
-    object.SMBiosSearch(path, nodes);
-    return nodes;
-}
-
-std::string DecodedLeaf(const FieldView& field, const Bytes& bytes, const std::string& child)
-{
-    std::string path;
-    return Decoded(field, bytes, path).at(path + child).Items.at(0);
-}
-
-std::string PlainWords(const FieldView& field)
-{
-    std::string path;
-    const auto nodes = Decoded(field, Bytes(static_cast<std::size_t>(field.Size()), 1), path);
-    if (nodes.at(path).NodeType == NODE_INNER)
-        return "a handle, see [Links](#links)";
-    switch (field.Field.Interpretation) {
-    case FieldInterpretation::String:
-        return "leaf: a string";
-    case FieldInterpretation::Decimal:
-        return "leaf: a number of " + std::to_string(field.Size()) +
-               (field.Size() == 1 ? " byte" : " bytes") + (field.Size() == 8 ? ", signed" : "");
-    case FieldInterpretation::Hex:
-    case FieldInterpretation::HexBare:
-    case FieldInterpretation::Signed:
-    case FieldInterpretation::Unsigned:
-        break;
+/// What stands at the field, and below it, where a structure is all 01h but for `bytes` there.
+class Decoded {
+public:
+    Decoded(const FieldPlace& place, const Bytes& bytes)
+        : Object(Table(place, bytes), Reading::Newest),
+          Path("/SMBIOS/Type" + std::to_string(place.Type.Number) + (place.Type.Indexed ? "[1]/" : "/") +
+               place.Field.Name)
+    {
     }
-    return "leaf: " + std::to_string(field.Size()) + " bytes, such as " +
-           Code(DecodedLeaf(field, Bytes(static_cast<std::size_t>(field.Size()), 0x1F), ""));
+
+    NodeView At(const std::string& below = "") const { return Object.Find(Path + below); }
+    std::string Text(const std::string& below = "") const { return std::string(At(below).Value()); }
+
+private:
+    static TableImage Table(const FieldPlace& place, const Bytes& bytes)
+    {
+        constexpr std::size_t LongEnough = 64;
+        constexpr unsigned short Handle = 0xABCD; // not 0101h, so that no link leads anywhere
+        const Images::Structure structure = Images::Structure(place.Type.Number, Handle)
+                                                .Fill(place.Field.Offset - HeaderSize, 1)
+                                                .Raw(bytes)
+                                                .Fill(LongEnough, 1);
+        return TableImage::FromBytes(Images::Image({structure}, 9, 9));
+    }
+
+    SMBIOSProtocolImpl Object;
+    std::string Path;
+};
+
+Decoded DecodedNumber(const FieldPlace& place, unsigned int number)
+{
+    Bytes bytes;
+    for (int i = 0; i < place.Field.Size(); ++i)
+        bytes.push_back(static_cast<unsigned char>(number >> 8 * i));
+    return {place, bytes};
 }
 
-std::string LeafDecoderWords(const FieldView& field, const LeafDecoder& decoder)
+/// Whether the field has one offset in every structure, which decoding needs.
+bool IsAtOffset(const Section& section)
 {
-    std::string words = std::string("leaf: ") + decoder.Words;
-    for (const Bytes& example : decoder.Examples) {
-        const bool isNumber = example.size() == 1;
-        words += isNumber ? "; " + Hex(example[0], 1) + ": " : ", such as ";
-        words += Code(DecodedLeaf(field, example, ""));
+    return section.Holds == Section::Content::Fields && section.Start != Behind;
+}
+
+std::string HexWords(const FieldPlace& place)
+{
+    const Field& field = place.Field;
+    if (field.Width == RestOfRecord)
+        return "leaf: all bytes from here on, in hexadecimal";
+    if (!field.HasFixedWidth())
+        return "leaf: as many bytes as " + FieldAt(place.Section, field.OffsetOfWidth()) +
+               " says, in hexadecimal";
+    Bytes example(static_cast<std::size_t>(field.Size()), 0x1F);
+    example[0] = 0x12;
+    return "leaf: " + ByteCount(field.Size()) + " in hexadecimal, such as " +
+           Code(Decoded(place, example).Text());
+}
+
+std::string PlainWords(const FieldPlace& place, const std::string& links)
+{
+    const Field& field = place.Field;
+    if (field.Interpretation == FieldInterpretation::String)
+        return "leaf: a string";
+    if (field.Interpretation == FieldInterpretation::Hex)
+        return HexWords(place);
+    if (IsAtOffset(place.Section) && !DecodedNumber(place, 1).At().IsLeaf())
+        return "a handle, see [Links](" + links + ")";
+    const bool isSigned = field.Interpretation == FieldInterpretation::Signed ||
+                          (field.Interpretation == FieldInterpretation::Decimal && field.Size() == 8);
+    return "leaf: a number of " + ByteCount(field.Size()) + (isSigned ? " with a sign" : "");
+}
+
+const LeafDecoder* LeafDecoderOf(const Field& field)
+{
+    const auto* const decoder =
+        std::find_if(std::begin(LeafDecoders), std::end(LeafDecoders), [&](const LeafDecoder& each) {
+            return field.Values.Kind == TableKind::Decoder && field.Values.Decoder == each.Header;
+        });
+    return decoder == std::end(LeafDecoders) ? nullptr : decoder;
+}
+
+std::string DecoderWords(const FieldPlace& place)
+{
+    const LeafDecoder* const decoder = LeafDecoderOf(place.Field);
+    if (decoder == nullptr)
+        return "inner: the leaves below";
+    std::string words = "leaf: " + decoder->Words;
+    for (const Bytes& example : decoder->Examples) {
+        words += example.size() == 1 ? "; " + InHex(example[0], 2) + ": " : ", such as ";
+        words += Code(Decoded(place, example).Text());
     }
     return words;
 }
 
-/// The texts of a child by the value of its bits, found by decoding each.
-std::string ChildTexts(const FieldView& field, const Child& child)
+void PrintLeaf(std::ostream& out, const std::string& name, int lowest, int highest, const std::string& texts)
 {
-    if (child.BitCount > MostBitsToList)
-        return "the number";
+    out << "| " << Code("/" + name) << " | " << (highest == lowest ? "" : std::to_string(highest) + ":")
+        << lowest << " | " << texts << " |\n";
+}
+
+std::string TextsOf(const Part& part)
+{
     std::string texts;
-    for (unsigned int value = 0; value < 1U << child.BitCount; ++value) {
-        const unsigned int raw = value << child.LowestBit;
-        const Bytes bytes = {static_cast<unsigned char>(raw), static_cast<unsigned char>(raw >> 8)};
-        const Bytes own(bytes.begin(), bytes.begin() + field.Size());
-        texts += (value == 0 ? "" : ", ") + std::to_string(value) + " " +
-                 Code(DecodedLeaf(field, own, child.Name));
+    for (std::size_t i = 0; i < part.Values.RowCount; ++i) {
+        const Row& row = part.Values.Rows[i];
+        texts += (i == 0 ? "" : ", ") + std::to_string(row.Value) + " " + Code(row.Text);
     }
-    return texts;
+    return texts.empty() ? "the number" : texts;
+}
+
+/// A leaf that a decoder makes has the bits that change its text.
+void PrintDecodedLeaf(std::ostream& out, const FieldPlace& place, const std::string& name)
+{
+    const auto text = [&](unsigned int number) { return DecodedNumber(place, number).Text("/" + name); };
+    int lowest = -1, highest = -1;
+    for (int bit = 0; bit < 8 * place.Field.Size(); ++bit) {
+        if (text(1U << bit) == text(0))
+            continue;
+        highest = bit;
+        lowest = lowest < 0 ? bit : lowest;
+    }
+    const int bitCount = highest - lowest + 1;
+    std::string texts;
+    for (unsigned int value = 0; bitCount <= MostBitsToList && value < 1U << bitCount; ++value)
+        texts += (value == 0 ? "" : ", ") + std::to_string(value) + " " + Code(text(value << lowest));
+    PrintLeaf(out, name, lowest, highest, texts.empty() ? "the number" : texts);
 }
 
 } // namespace
-
-int FieldView::Size() const
-{
-    return Field.Width == StringReference ? 1 : Field.Width;
-}
-
-const ValueTable* FieldView::Values() const
-{
-    const auto values = Table.ValueTables.find(Field.Name);
-    return values == Table.ValueTables.end() ? nullptr : &values->second;
-}
-
-std::vector<FieldView> FieldsOf(unsigned char type, const SMBDefinition& table)
-{
-    std::vector<FieldView> fields;
-    std::size_t offset = HeaderSize;
-    for (const SMBField& field : table.Fields) {
-        fields.push_back({type, table, field, offset});
-        offset += static_cast<std::size_t>(fields.back().Size());
-    }
-    return fields;
-}
 
 std::string Code(const std::string& text)
 {
@@ -129,65 +162,70 @@ std::string Code(const std::string& text)
     return text.empty() ? "empty" : code + "`";
 }
 
-std::string Hex(unsigned int value, int bytes)
+std::string InHex(unsigned long long value, int digits)
 {
     std::ostringstream text;
     text << std::hex << std::uppercase;
     text.fill('0');
-    text.width(std::streamsize{2} * bytes);
+    text.width(digits);
     text << value;
     return text.str() + "h";
 }
 
-bool IsBits(const ValueTable& table)
+std::string ByteCount(int count)
 {
-    return table.Header().find_first_not_of("01") == std::string::npos;
+    return std::to_string(count) + (count == 1 ? " byte" : " bytes");
 }
 
-bool IsEnumeration(const ValueTable& table)
+std::string FieldAt(const Section& section, int offset)
 {
-    return table.Header() == "ENUM" || table.Header() == "ENUM_MASK";
+    for (std::size_t i = 0; i < section.FieldCount; ++i) {
+        if (section.Fields[i].Offset == offset)
+            return Code(section.Fields[i].Name);
+    }
+    throw std::logic_error("no field at an offset");
 }
 
-std::string Words(const FieldView& field)
+std::string WordsOf(const FieldPlace& place, const std::string& links)
 {
-    const ValueTable* const values = field.Values();
-    if (values == nullptr)
-        return PlainWords(field);
-    const std::string& header = values->Header();
-    if (header == "ENUM")
+    switch (place.Field.Values.Kind) {
+    case TableKind::Enumeration:
         return "leaf: a text below";
-    if (header == "ENUM_MASK")
+    case TableKind::MaskedEnumeration:
         return "leaf: a text below, by the low seven bits";
-    if (IsBits(*values))
+    case TableKind::Bits:
         return "inner: a leaf for each bit below";
-    for (const LeafDecoder& decoder : LeafDecoders) {
-        if (header == decoder.Header)
-            return LeafDecoderWords(field, decoder);
+    case TableKind::Packed:
+        return "inner: the leaves below";
+    case TableKind::Decoder:
+        return DecoderWords(place);
+    case TableKind::None:
+        break;
     }
-    return "inner: the leaves below";
+    return PlainWords(place, links);
 }
 
-bool HasRawLeaf(const FieldView& field)
+bool HasRawLeaf(const FieldPlace& place)
 {
-    std::string path;
-    return Decoded(field, {1}, path, "_Raw").count(path) != 0;
+    return place.Field.Values.Kind == TableKind::Enumeration && IsAtOffset(place.Section) &&
+           DecodedNumber(place, 1).At("_Raw");
 }
 
-void PrintChildTable(std::ostream& out, const FieldView& field)
+bool HasTable(const FieldPlace& place)
 {
-    std::string path;
-    const auto nodes = Decoded(field, Bytes(static_cast<std::size_t>(field.Size())), path);
-    std::vector<std::string> described;
+    return place.Field.Values.Kind != TableKind::None && LeafDecoderOf(place.Field) == nullptr;
+}
+
+void PrintLeaves(std::ostream& out, const FieldPlace& place)
+{
     out << "| Leaf | Bits | Text by the bits' value |\n|---|---|---|\n";
-    for (const Child& child : Children) {
-        if (field.Values()->Header() != child.Header)
-            continue;
-        described.push_back(path + child.Name);
-        const int highest = child.LowestBit + child.BitCount - 1;
-        out << "| " << Code(child.Name) << " | " << (child.BitCount == 1 ? "" : std::to_string(highest) + ":")
-            << child.LowestBit << " | " << ChildTexts(field, child) << " |\n";
+    for (std::size_t i = 0; i < place.Field.Values.PartCount; ++i) {
+        const Part& part = place.Field.Values.Parts[i];
+        PrintLeaf(out, part.Name, part.LowBit, part.HighBit, TextsOf(part));
     }
-    if (nodes.at(path).Items != described)
-        throw std::logic_error("children of " + path + " that this program does not know");
+    if (place.Field.Values.Kind == TableKind::Decoder) {
+        const Decoded decoded = DecodedNumber(place, 0);
+        for (const NodeView leaf : decoded.At().Children())
+            PrintDecodedLeaf(out, place, std::string(leaf.Name()));
+    }
 }

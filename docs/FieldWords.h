@@ -1,43 +1,39 @@
-// What a field turns into, in words. The fields are those of the built catalogues; what a packed one turns
-// into is found by decoding images that hold it.
+// What a field turns into, in words. What a decoder makes of it is found by decoding structures that hold it.
 
 #pragma once
 
-#include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "catalogue/Definition.h"
 
 #include <ostream>
 #include <string>
 
-using Tables = std::unordered_map<unsigned char, Protocol::SMBIOS::SMBDefinition>;
-
-/// One field of a type, where it lies, and its table in revision 2.7.
-struct FieldView {
-    unsigned char Type;
-    const Protocol::SMBIOS::SMBDefinition& Table;
-    const Protocol::SMBIOS::SMBField& Field;
-    std::size_t Offset;
-
-    int Size() const;
-    const Protocol::SMBIOS::ValueTable* Values() const; ///< null: none
+/// One field of a type, and the section that it stands in.
+struct FieldPlace {
+    const Protocol::SMBIOS::Catalogue::Type& Type;
+    const Protocol::SMBIOS::Catalogue::Section& Section;
+    const Protocol::SMBIOS::Catalogue::Field& Field;
 };
-
-/// The fields of a type, of a catalogue that reads by version.
-std::vector<FieldView> FieldsOf(unsigned char type, const Protocol::SMBIOS::SMBDefinition& table);
 
 /// `text` as code, within a table.
 std::string Code(const std::string& text);
 
-/// "0Ah", of as many bytes.
-std::string Hex(unsigned int value, int bytes);
+/// "0Ah", of as many digits.
+std::string InHex(unsigned long long value, int digits);
 
-bool IsBits(const Protocol::SMBIOS::ValueTable& table);
-bool IsEnumeration(const Protocol::SMBIOS::ValueTable& table);
+/// "1 byte", "2 bytes".
+std::string ByteCount(int count);
 
-/// What stands at the field: "leaf: a string". Ends in "below" where a table is to follow.
-std::string Words(const FieldView& field);
+/// The field of `section` at `offset`, as code. Throws std::logic_error where there is none.
+std::string FieldAt(const Protocol::SMBIOS::Catalogue::Section& section, int offset);
+
+/// What stands at the field: "leaf: a string". `links` is the place that explains handles.
+std::string WordsOf(const FieldPlace& place, const std::string& links);
 
 /// Whether a leaf with the number itself stands beside the field.
-bool HasRawLeaf(const FieldView& field);
+bool HasRawLeaf(const FieldPlace& place);
 
-/// The leaves that a decoder makes of a packed field. Throws std::logic_error where it makes others.
-void PrintChildTable(std::ostream& out, const FieldView& field);
+/// Whether a table has the texts of the field, or the leaves below it.
+bool HasTable(const FieldPlace& place);
+
+/// The table of the leaves that a field turns into, of a decoder or packed.
+void PrintLeaves(std::ostream& out, const FieldPlace& place);
