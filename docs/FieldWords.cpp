@@ -3,6 +3,7 @@
 #include "PathsWords.h"
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "samples/Image.h"
+#include "structures/Walk.h"
 
 #include <algorithm>
 #include <sstream>
@@ -14,7 +15,6 @@ using Images::Bytes;
 
 namespace {
 
-constexpr std::size_t HeaderSize = 4;
 constexpr int MostBitsToList = 4; // a leaf of more is a number
 
 /// What stands at the field, and below it, where a structure is all 01h but for `bytes` there.
@@ -91,9 +91,8 @@ std::string PlainWords(const FieldPlace& place, const std::string& links)
 const LeafDecoder* LeafDecoderOf(const Field& field)
 {
     const auto* const decoder =
-        std::find_if(std::begin(LeafDecoders), std::end(LeafDecoders), [&](const LeafDecoder& each) {
-            return field.Values.Kind == TableKind::Decoder && field.Values.Decoder == each.Header;
-        });
+        std::find_if(std::begin(LeafDecoders), std::end(LeafDecoders),
+                     [&](const LeafDecoder& each) { return field.Values.Kind == each.Decoder; });
     return decoder == std::end(LeafDecoders) ? nullptr : decoder;
 }
 
@@ -197,12 +196,11 @@ std::string WordsOf(const FieldPlace& place, const std::string& links)
         return "inner: a leaf for each bit below";
     case TableKind::Packed:
         return "inner: the leaves below";
-    case TableKind::Decoder:
-        return DecoderWords(place);
     case TableKind::None:
-        break;
+        return PlainWords(place, links);
+    default:
+        return DecoderWords(place);
     }
-    return PlainWords(place, links);
 }
 
 bool HasRawLeaf(const FieldPlace& place)
@@ -223,7 +221,7 @@ void PrintLeaves(std::ostream& out, const FieldPlace& place)
         const Part& part = place.Field.Values.Parts[i];
         PrintLeaf(out, part.Name, part.LowBit, part.HighBit, TextsOf(part));
     }
-    if (place.Field.Values.Kind == TableKind::Decoder) {
+    if (HasDecoder(place.Field.Values.Kind)) {
         const Decoded decoded = DecodedNumber(place, 0);
         for (const NodeView leaf : decoded.At().Children())
             PrintDecodedLeaf(out, place, std::string(leaf.Name()));

@@ -78,7 +78,7 @@ std::string TableOf(const FieldPlace& place, const Document& document)
 {
     std::ostringstream out;
     const Table& values = place.Field.Values;
-    if (values.Kind == TableKind::Packed || values.Kind == TableKind::Decoder)
+    if (values.Kind == TableKind::Packed || HasDecoder(values.Kind))
         PrintLeaves(out, place);
     else
         PrintTexts(out, place.Field, document);

@@ -2,6 +2,8 @@
 
 #pragma once
 
+#include "catalogue/Definition.h"
+
 #include <string>
 #include <vector>
 
@@ -158,20 +160,23 @@ inline constexpr TypeNote NewestNotes[] = {
          "0xC000 to 0xFFFF to the OEM."},
 };
 
+using Protocol::SMBIOS::Catalogue::TableKind;
+
 /// A decoder of one text.
 struct LeafDecoder {
-    std::string Header, Words;
+    TableKind Decoder;
+    std::string Words;
     std::vector<std::vector<unsigned char>> Examples;
 };
 
 inline const LeafDecoder LeafDecoders[] = {
-    {"BIOSRomSize", "the size in kilobytes", {{0x00}, {0x0F}, {0xFF}}},
-    {"VoltageCapability",
+    {TableKind::BIOSRomSize, "the size in kilobytes", {{0x00}, {0x0F}, {0xFF}}},
+    {TableKind::VoltageCapability,
      "with bit 7 the present voltage in tenths of a volt, without it a line for each of the bits 0 to 2",
      {{0x91}, {0x01}, {0x06}, {0x00}}},
-    {"Flags", "bit 0", {{0x00}, {0x01}}},
-    {"IPMISpecRev", "high and low four bits", {{0x15}, {0x20}}},
-    {"UUID",
+    {TableKind::Flags, "bit 0", {{0x00}, {0x01}}},
+    {TableKind::IPMISpecRev, "high and low four bits", {{0x15}, {0x20}}},
+    {TableKind::UUID,
      "16 bytes, the first three groups as little-endian numbers",
      {{0x00, 0x11, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77, 0x88, 0x99, 0xAA, 0xBB, 0xCC, 0xDD, 0xEE, 0xFF}}},
 };

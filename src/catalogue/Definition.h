@@ -8,7 +8,6 @@
 #include "SMBIOSProtocol/SMBTable.h"
 
 #include <cstddef>
-#include <string_view>
 
 namespace Protocol::SMBIOS {
 
@@ -91,47 +90,27 @@ enum class TableKind : unsigned char {
     Bits,              ///< a leaf for each reported bit
     Packed,            ///< several values in the bits of one
 
-    // decoders
-    BiosRomSize,
-    ProcessorStatus,
+    // what a decoder of its own reads
+    BIOSRomSize,
+    Status,
     VoltageCapability,
     CacheSize,
     CacheConfiguration,
     Flags,
     HardwareSecuritySettings,
-    IpmiSpecRev,
-    Uuid,
+    IPMISpecRev,
+    UUID,
 };
 
-/// The decoder that a header names.
-constexpr TableKind DecoderOf(std::string_view header)
+constexpr bool HasDecoder(TableKind kind)
 {
-    constexpr struct {
-        std::string_view Header;
-        TableKind Kind;
-    } Decoders[] = {
-        {"BIOSRomSize", TableKind::BiosRomSize},
-        {"Status", TableKind::ProcessorStatus},
-        {"VoltageCapability", TableKind::VoltageCapability},
-        {"CacheSize", TableKind::CacheSize},
-        {"CacheConfiguration", TableKind::CacheConfiguration},
-        {"Flags", TableKind::Flags},
-        {"HardwareSecuritySettings", TableKind::HardwareSecuritySettings},
-        {"IPMISpecRev", TableKind::IpmiSpecRev},
-        {"UUID", TableKind::Uuid},
-    };
-    for (const auto& decoder : Decoders) {
-        if (decoder.Header == header)
-            return decoder.Kind;
-    }
-    throw "no decoder has this header"; // no constant: the compiler refuses the row
+    return kind >= TableKind::BIOSRomSize;
 }
 
 struct Part;
 
 struct Table {
     TableKind Kind = TableKind::None;
-    const char* Decoder = "";  ///< header of a decoder's table
     int BitCount = 0;          ///< length of a bit table's header
     const Row* Rows = nullptr; ///< ascending by value; one row a value and revision
     std::size_t RowCount = 0;
@@ -145,41 +124,41 @@ struct Table {
 template <std::size_t N>
 constexpr Table Enumeration(const Row (&rows)[N])
 {
-    return {TableKind::Enumeration, "", 0, rows, N};
+    return {TableKind::Enumeration, 0, rows, N};
 }
 
 /// The same; the newest revision knows `lower` too, whose values are all below those of `rows`.
 template <std::size_t N, std::size_t M>
 constexpr Table Enumeration(const Row (&rows)[N], const Row (&lower)[M])
 {
-    return {TableKind::Enumeration, "", 0, rows, N, lower, M};
+    return {TableKind::Enumeration, 0, rows, N, lower, M};
 }
 
 /// One text a value of the low seven bits; bit 7 means something else.
 template <std::size_t N>
 constexpr Table MaskedEnumeration(const Row (&rows)[N])
 {
-    return {TableKind::MaskedEnumeration, "", 0, rows, N};
+    return {TableKind::MaskedEnumeration, 0, rows, N};
 }
 
 /// One text a reported bit, among the lowest `bitCount`.
 template <std::size_t N>
 constexpr Table Bits(int bitCount, const Row (&rows)[N])
 {
-    return {TableKind::Bits, "", bitCount, rows, N};
+    return {TableKind::Bits, bitCount, rows, N};
 }
 
-/// The texts of the decoder that `header` names.
+/// The texts of a decoder.
 template <std::size_t N>
-constexpr Table DecodedBy(const char* header, const Row (&rows)[N])
+constexpr Table DecodedBy(TableKind decoder, const Row (&rows)[N])
 {
-    return {DecoderOf(header), header, 0, rows, N};
+    return {decoder, 0, rows, N};
 }
 
 /// A decoder that needs no texts.
-constexpr Table DecodedBy(const char* header)
+constexpr Table DecodedBy(TableKind decoder)
 {
-    return {DecoderOf(header), header, 0, nullptr, 0};
+    return {decoder};
 }
 
 /// A value in some bits of a packed one.
@@ -194,7 +173,7 @@ struct Part {
 template <std::size_t N>
 constexpr Table Packed(const Part (&parts)[N])
 {
-    return {TableKind::Packed, "", 0, nullptr, 0, nullptr, 0, parts, N};
+    return {TableKind::Packed, 0, nullptr, 0, nullptr, 0, parts, N};
 }
 
 /// A field of the formatted area: the offset is the standard's, from the structure's first byte, or as its

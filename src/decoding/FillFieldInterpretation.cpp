@@ -69,10 +69,10 @@ void SMBIOSProtocolImpl::FillFieldInterpretation(TreeNode& node, std::string_vie
     case TableKind::MaskedEnumeration:
         ResultNodes->Overwrite(node, NODE_LEAF, table.Text(low & 0x7F));
         break;
-    case TableKind::BiosRomSize:
+    case TableKind::BIOSRomSize:
         InsertLeafXNode(CalculateBIOSRomSize(low), node);
         break;
-    case TableKind::ProcessorStatus:
+    case TableKind::Status:
         CalculateProcessorStatus(low, table, node);
         break;
     case TableKind::VoltageCapability:
@@ -90,10 +90,10 @@ void SMBIOSProtocolImpl::FillFieldInterpretation(TreeNode& node, std::string_vie
     case TableKind::HardwareSecuritySettings:
         CalculateHardwareSecuritySettings(low, table, node);
         break;
-    case TableKind::IpmiSpecRev:
+    case TableKind::IPMISpecRev:
         InsertLeafXNode(CalculateIPMISpecRev(low), node);
         break;
-    case TableKind::Uuid:
+    case TableKind::UUID:
         InsertLeafXNode(interpretUUID(value), node);
         break;
     }

@@ -74,7 +74,7 @@ constexpr Field Fields[] = {
     {0x05, "BIOSVersion",                       StringReference, String,  V2_3, "firmware version text"},
     {0x06, "BIOSStartAddressSegment",           2,               Decimal, V2_3, "segment of the firmware start address"},
     {0x08, "BIOSReleaseDate",                   StringReference, String,  V2_3, "release date text"},
-    {0x09, "BIOSRomSize",                       1,               Decimal, V2_3, "size of the firmware ROM in kilobytes; FFh see `ExtendedBIOSRomSize`", DecodedBy("BIOSRomSize")},
+    {0x09, "BIOSRomSize",                       1,               Decimal, V2_3, "size of the firmware ROM in kilobytes; FFh see `ExtendedBIOSRomSize`", DecodedBy(TableKind::BIOSRomSize)},
     {0x0A, "BIOSCharacteristics",               8,               Decimal, V2_3, "what the firmware supports",                                           Bits(64, BIOSCharacteristicsRows)},
     {0x12, "BIOSCharacteristicsExtensionByte1", 1,               Decimal, V2_3, "more of it",                                                           Bits(8, BIOSCharacteristicsExtensionByte1Rows)},
     {0x13, "BIOSCharacteristicsExtensionByte2", 1,               Decimal, V2_3, "more of it",                                                           Bits(8, BIOSCharacteristicsExtensionByte2Rows)},

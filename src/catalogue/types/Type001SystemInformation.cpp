@@ -22,7 +22,7 @@ constexpr Field Fields[] = {
     {0x05, "ProductName",  StringReference, String,  V2_3, "product name"},
     {0x06, "Version",      StringReference, String,  V2_3, "version text"},
     {0x07, "SerialNo",     StringReference, String,  V2_3, "serial number"},
-    {0x08, "UUID",         16,              HexBare, V2_3, "the system UUID; all 0 not present, all F not set", DecodedBy("UUID")},
+    {0x08, "UUID",         16,              HexBare, V2_3, "the system UUID; all 0 not present, all F not set", DecodedBy(TableKind::UUID)},
     {0x18, "WakeupType",   1,               Decimal, V2_3, "what woke the system",                              Enumeration(WakeupTypeRows)},
     {0x19, "SKUNumber",    StringReference, String,  V2_4, "SKU number"},
     {0x1A, "Family",       StringReference, String,  V2_4, "product family text"},

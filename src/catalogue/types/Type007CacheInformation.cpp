@@ -97,9 +97,9 @@ constexpr Part InstalledSize2Parts[] = {
 
 constexpr Field Fields[] = {
     {0x04, "SocketDesignation",   StringReference, String,  V2_3, "socket name on the board"},
-    {0x05, "CacheConfiguration",  2,               Decimal, V2_3, "level, place and mode",                          DecodedBy("CacheConfiguration", CacheConfigurationRows)},
-    {0x07, "MaxCacheSize",        2,               Decimal, V2_3, "largest size; FFFFh see `MaxCacheSize2`",        DecodedBy("CacheSize", CacheSizeRows)},
-    {0x09, "InstalledSize",       2,               Decimal, V2_3, "installed size; FFFFh see `InstalledSize2`",     DecodedBy("CacheSize", CacheSizeRows)},
+    {0x05, "CacheConfiguration",  2,               Decimal, V2_3, "level, place and mode",                          DecodedBy(TableKind::CacheConfiguration, CacheConfigurationRows)},
+    {0x07, "MaxCacheSize",        2,               Decimal, V2_3, "largest size; FFFFh see `MaxCacheSize2`",        DecodedBy(TableKind::CacheSize, CacheSizeRows)},
+    {0x09, "InstalledSize",       2,               Decimal, V2_3, "installed size; FFFFh see `InstalledSize2`",     DecodedBy(TableKind::CacheSize, CacheSizeRows)},
     {0x0B, "SupportedSRAMType",   2,               Decimal, V2_3, "supported SRAM types",                           Bits(16, SramTypeRows)},
     {0x0D, "CurrentSRAMType",     2,               Decimal, V2_3, "current SRAM type",                              Bits(16, SramTypeRows)},
     {0x0F, "CacheSpeed",          1,               Decimal, V2_3, "speed in nanoseconds, 0 unknown"},

@@ -12,7 +12,7 @@ constexpr Row FlagsRows[] = {
 
 constexpr Field Fields[] = {
     {0x04, "InstallableLanguages", 1,               Decimal, V2_3, "number of languages"},
-    {0x05, "Flags",                1,               Decimal, V2_3, "format of the language texts", DecodedBy("Flags", FlagsRows)},
+    {0x05, "Flags",                1,               Decimal, V2_3, "format of the language texts", DecodedBy(TableKind::Flags, FlagsRows)},
     {0x06, "Reserved",             15,              Hex,     V2_3, "reserved bytes"},
     {0x15, "CurrentLanguage",      StringReference, String,  V2_3, "current language text"},
 };

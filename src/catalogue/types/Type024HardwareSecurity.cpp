@@ -13,7 +13,7 @@ constexpr Row HardwareSecuritySettingsRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "HardwareSecuritySettings", 1, Decimal, V2_3, "passwords and the front panel", DecodedBy("HardwareSecuritySettings", HardwareSecuritySettingsRows)},
+    {0x04, "HardwareSecuritySettings", 1, Decimal, V2_3, "passwords and the front panel", DecodedBy(TableKind::HardwareSecuritySettings, HardwareSecuritySettingsRows)},
 };
 
 static_assert(IsWellFormed(Fields));

@@ -45,7 +45,7 @@ constexpr Part BaseAddressModifierInterruptInfoParts[] = {
 
 constexpr Field Fields[] = {
     {0x04, "InterfaceType", 1, Decimal, V2_3, "interface of the management controller",               Enumeration(InterfaceTypeRows)},
-    {0x05, "IPMISpecRev",   1, Decimal, V2_3, "revision of the IPMI specification",                   DecodedBy("IPMISpecRev")},
+    {0x05, "IPMISpecRev",   1, Decimal, V2_3, "revision of the IPMI specification",                   DecodedBy(TableKind::IPMISpecRev)},
     {0x06, "I2CSlaveAddr",  1, Decimal, V2_3, "slave address on the I2C bus"},
     {0x07, "NVStoreAddr",   1, Decimal, V2_3, "address of the non-volatile storage device; FFh none"},
     {0x08, "BaseAddress",   8, Decimal, V2_3, "base address of the interface"},
