@@ -81,7 +81,8 @@ std::string PlainWords(const FieldPlace& place, const std::string& links)
         return "leaf: a string";
     if (field.Interpretation == FieldInterpretation::Hex)
         return HexWords(place);
-    if (IsAtOffset(place.Section) && !DecodedNumber(place, 1).At().IsLeaf())
+    if (field.Values.CountsIn == Unit::Handle && IsAtOffset(place.Section) &&
+        !DecodedNumber(place, 1).At().IsLeaf())
         return "a handle, see [Links](" + links + ")";
     const bool isSigned = field.Interpretation == FieldInterpretation::Signed ||
                           (field.Interpretation == FieldInterpretation::Decimal && field.Size() == 8);
@@ -115,14 +116,44 @@ void PrintLeaf(std::ostream& out, const std::string& name, int lowest, int highe
         << lowest << " | " << texts << " |\n";
 }
 
+/// "; FFh unknown": each special value, of so many bits.
+std::string SpecialWords(const Table& values, int bits)
+{
+    std::string words;
+    for (std::size_t i = 0; i < values.SpecialCount; ++i) {
+        const Row& row = values.Specials[i];
+        const std::string number = row.Value == 0 ? "0" : InHex(row.Value, (bits + 3) / 4);
+        const std::string ofMany = row.Value == 0 ? "all 0" : "all F";
+        words += "; " + (bits > 64 ? ofMany : number) + " " + row.Text;
+    }
+    return words;
+}
+
+/// "a Type 18 or 33 structure".
+std::string TargetWords(const Table& handle)
+{
+    std::string types;
+    for (int i = 0; i < handle.TargetCount; ++i)
+        types += (i == 0                       ? "Type "
+                  : i + 1 < handle.TargetCount ? ", "
+                                               : " or ") +
+                 std::to_string(handle.Targets[i]);
+    return "a " + types + (types.empty() ? "" : " ") + "structure";
+}
+
 std::string TextsOf(const Part& part)
 {
+    if (part.Values.Kind == TableKind::None) {
+        const std::string unit = WordsOf(part.Values.CountsIn);
+        return "the number" + (unit.empty() ? "" : ", " + unit) +
+               SpecialWords(part.Values, part.HighBit - part.LowBit + 1);
+    }
     std::string texts;
     for (std::size_t i = 0; i < part.Values.RowCount; ++i) {
         const Row& row = part.Values.Rows[i];
         texts += (i == 0 ? "" : ", ") + std::to_string(row.Value) + " " + Code(row.Text);
     }
-    return texts.empty() ? "the number" : texts;
+    return texts;
 }
 
 /// A leaf that a decoder makes has the bits that change its text.
@@ -201,6 +232,19 @@ std::string WordsOf(const FieldPlace& place, const std::string& links)
     default:
         return DecoderWords(place);
     }
+}
+
+std::string MeaningOf(const FieldPlace& place)
+{
+    const Field& field = place.Field;
+    const Table& values = field.Values;
+    if (field.Interpretation == FieldInterpretation::String && values.SpecialCount != 0)
+        return std::string(field.Meaning) + "; no string: " + values.Specials[0].Text;
+    const std::string special = field.HasFixedWidth() ? SpecialWords(values, 8 * field.Size()) : "";
+    if (values.CountsIn == Unit::Handle)
+        return "handle of " + TargetWords(values) + ": " + field.Meaning + special;
+    const std::string unit = WordsOf(values.CountsIn);
+    return field.Meaning + (unit.empty() ? "" : " " + unit) + special;
 }
 
 bool HasRawLeaf(const FieldPlace& place)

@@ -113,7 +113,8 @@ void PrintField(std::ostream& out, const FieldPlace& place, const Document& docu
     const std::string path =
         "/" + (isOfGroup ? std::string(place.Section.Name) + "[n]/" : std::string()) + field.Name;
     const std::string where = " | " + InHex(field.Offset, 2) + " | " + RevisionNames[field.From] + " | ";
-    out << "| " << Code(path) << where << WordsOf(place, document.Links) << " | " << field.Meaning << " |\n";
+    out << "| " << Code(path) << where << WordsOf(place, document.Links) << " | " << MeaningOf(place)
+        << " |\n";
     if (HasRawLeaf(place))
         out << "| " << Code(path + "_Raw") << where
             << "leaf: the number itself | no node lists it, only its own path finds it |\n";

@@ -129,8 +129,7 @@ struct TypeNote {
 };
 
 inline constexpr TypeNote NewestNotes[] = {
-    {22, "The year of `SBDSManufactureDate` is counted from 1980, so the number 20 is the year 2000; day and "
-         "month are counted from 1."},
+    {22, "The year 20 of `SBDSManufactureDate` is 2000; its day and month are counted from 1."},
     {25, "The five bytes are binary coded decimal, so the two hexadecimal digits read as the decimal number: "
          "December is `0X12`. A byte outside its range leaves that part of the date open."},
     {31, "The standard only reserves the type number; the layout comes from the specification of the Boot "
@@ -138,11 +137,10 @@ inline constexpr TypeNote NewestNotes[] = {
     {32,
      "0x09 to 0x7F are reserved, 0x80 to 0xBF specific to the firmware vendor or OEM, 0xC0 to 0xFF to the "
      "product."},
-    {36, "A threshold has the unit of the probe or cooling device that the Type 35 structure joins with it."},
     {38, "Bit 0 of `BaseAddress` says where the address lies, 1 in I/O space and 0 in memory, and is no part "
          "of it; the address has `LSBitForAddresses` in its place. With `InterfaceType` 04h `BaseAddress` "
          "holds the SMBus address in the bits from 1 on. Polarity and trigger mode mean something only where "
-         "`InterruptInfo` is 1. `NVStoreAddr` is FFh where there is no such device."},
+         "`InterruptInfo` is 1."},
     {39, "Status 05h means that the supply has failed and has been taken off line. The three handles are "
          "absent from a structure of 10h bytes."},
     {40, "An entry shorter than 5 bytes ends the list."},

@@ -6,8 +6,10 @@
 #pragma once
 
 #include "SMBIOSProtocol/SMBTable.h"
+#include "catalogue/Unit.h"
 
 #include <cstddef>
+#include <string_view>
 
 namespace Protocol::SMBIOS {
 
@@ -72,9 +74,10 @@ constexpr FieldInterpretation Signed = FieldInterpretation::Signed;
 constexpr FieldInterpretation Unsigned = FieldInterpretation::Unsigned;
 
 /// A text and the revisions that have it. Value is the field's value in an enumeration, the bit's number in a
-/// bit table, and the row's key in a decoder's table.
+/// bit table, and the row's key in a decoder's table; as a special value it is the number in the field's
+/// bytes, without a sign, and AllOnes where they are more than 8 and all FFh.
 struct Row {
-    int Value;
+    unsigned long long Value;
     const char* Text;
     Revision From = V2_3;
     Revision To = Newest;
@@ -82,9 +85,20 @@ struct Row {
     constexpr bool Has(Revision revision) const { return From <= revision && revision <= To; }
 };
 
-/// How the number in a field becomes words.
+constexpr unsigned long long AllOnes = ~0ULL;
+
+/// The field that a special value refers to: of "see `X`", X. Empty: it refers to none.
+constexpr std::string_view SeenField(const Row& special)
+{
+    constexpr std::string_view See = "see `";
+    const std::string_view text = special.Text;
+    return text.substr(0, See.size()) == See ? text.substr(See.size(), text.size() - See.size() - 1)
+                                             : std::string_view();
+}
+
+/// How a value becomes text.
 enum class TableKind : unsigned char {
-    None, ///< it does not
+    None, ///< a number, a string or bytes, which stand for themselves
     Enumeration,
     MaskedEnumeration, ///< of the low seven bits
     Bits,              ///< a leaf for each reported bit
@@ -109,56 +123,117 @@ constexpr bool HasDecoder(TableKind kind)
 
 struct Part;
 
+/// What a value says: its texts, if it has any; what it counts where it is a number, that of a decoder in the
+/// tree; and the values that say something else.
 struct Table {
     TableKind Kind = TableKind::None;
-    int BitCount = 0;          ///< length of a bit table's header
-    const Row* Rows = nullptr; ///< ascending by value; one row a value and revision
-    std::size_t RowCount = 0;
+    unsigned char BitCount = 0; ///< bits of a bit table, reported or not
+    unsigned short RowCount = 0;
+    unsigned short LowerRowCount = 0;
+    unsigned short PartCount = 0;
+    const Row* Rows = nullptr;      ///< ascending by value; one row a value and revision
     const Row* LowerRows = nullptr; ///< rows of another table that the newest revision has too, below Rows
-    std::size_t LowerRowCount = 0;
-    const Part* Parts = nullptr; ///< of a packed value
-    std::size_t PartCount = 0;
+    const Part* Parts = nullptr;    ///< of a packed value
+
+    const Row* Specials = nullptr; ///< ascending; "see `X`" names the field that has the value instead
+    unsigned short SpecialCount = 0;
+    Unit CountsIn = Unit::None;
+    unsigned char TargetCount = 0; ///< of a handle; 0: it leads to structures of any type
+    unsigned char Targets[4] = {}; ///< the types of structures that it leads to
+
+    /// The same value, with its unit.
+    constexpr Table In(Unit unit) const
+    {
+        Table table = *this;
+        table.CountsIn = unit;
+        return table;
+    }
+
+    /// The same value, but for some that say what `specials` have.
+    template <std::size_t N>
+    constexpr Table Except(const Row (&specials)[N]) const
+    {
+        Table table = *this;
+        table.Specials = specials;
+        table.SpecialCount = N;
+        return table;
+    }
 };
+
+/// A number, or the number of a string, to say more of.
+constexpr Table Plain;
+
+/// A number with a unit.
+constexpr Table In(Unit unit)
+{
+    return Plain.In(unit);
+}
+
+/// A handle of a structure of one of the types, or of any.
+template <typename... Types>
+constexpr Table HandleOf(Types... types)
+{
+    Table table = In(Unit::Handle);
+    ((table.Targets[table.TargetCount++] = static_cast<unsigned char>(types)), ...);
+    return table;
+}
+
+template <std::size_t N>
+constexpr Table WithRows(TableKind kind, const Row (&rows)[N])
+{
+    Table table;
+    table.Kind = kind;
+    table.Rows = rows;
+    table.RowCount = N;
+    return table;
+}
 
 /// One text a value.
 template <std::size_t N>
 constexpr Table Enumeration(const Row (&rows)[N])
 {
-    return {TableKind::Enumeration, 0, rows, N};
+    return WithRows(TableKind::Enumeration, rows);
 }
 
 /// The same; the newest revision knows `lower` too, whose values are all below those of `rows`.
 template <std::size_t N, std::size_t M>
 constexpr Table Enumeration(const Row (&rows)[N], const Row (&lower)[M])
 {
-    return {TableKind::Enumeration, 0, rows, N, lower, M};
+    Table table = Enumeration(rows);
+    table.LowerRows = lower;
+    table.LowerRowCount = M;
+    return table;
 }
 
 /// One text a value of the low seven bits; bit 7 means something else.
 template <std::size_t N>
 constexpr Table MaskedEnumeration(const Row (&rows)[N])
 {
-    return {TableKind::MaskedEnumeration, 0, rows, N};
+    return WithRows(TableKind::MaskedEnumeration, rows);
 }
 
 /// One text a reported bit, among the lowest `bitCount`.
 template <std::size_t N>
-constexpr Table Bits(int bitCount, const Row (&rows)[N])
+constexpr Table Bits(unsigned char bitCount, const Row (&rows)[N])
 {
-    return {TableKind::Bits, bitCount, rows, N};
+    Table table = WithRows(TableKind::Bits, rows);
+    table.BitCount = bitCount;
+    return table;
+}
+
+/// A decoder that needs no texts.
+constexpr Table DecodedBy(TableKind decoder)
+{
+    Table table;
+    table.Kind = decoder;
+    return table;
 }
 
 /// The texts of a decoder.
 template <std::size_t N>
 constexpr Table DecodedBy(TableKind decoder, const Row (&rows)[N])
 {
-    return {decoder, 0, rows, N};
-}
-
-/// A decoder that needs no texts.
-constexpr Table DecodedBy(TableKind decoder)
-{
-    return {decoder};
+    return WithRows(decoder, rows);
 }
 
 /// A value in some bits of a packed one.
@@ -166,14 +241,18 @@ struct Part {
     const char* Name;
     unsigned char LowBit;
     unsigned char HighBit; ///< the last bit that belongs to it
-    Table Values = {};     ///< an enumeration; none: a number
+    Table Values = {};     ///< an enumeration, or a number
 };
 
 /// Several values in the bits of one, from the lowest up. The newest revision alone has such fields.
 template <std::size_t N>
 constexpr Table Packed(const Part (&parts)[N])
 {
-    return {TableKind::Packed, 0, nullptr, 0, nullptr, 0, parts, N};
+    Table table;
+    table.Kind = TableKind::Packed;
+    table.Parts = parts;
+    table.PartCount = N;
+    return table;
 }
 
 /// A field of the formatted area: the offset is the standard's, from the structure's first byte, or as its
@@ -184,7 +263,7 @@ struct Field {
     int Width; ///< bytes, StringReference, RestOfRecord or AsSaidAt()
     FieldInterpretation Interpretation;
     Revision From; ///< that brought it; V2_3, or an older one where catalogues by version read the field
-    const char* Meaning;
+    const char* Meaning; ///< what it tells; unit, special values and a handle's types stand in Values
     Table Values = {};
 
     constexpr bool HasFixedWidth() const { return Width < RestOfRecord; }
@@ -280,86 +359,6 @@ constexpr Section StringList(const char* name)
     return {Section::Content::Strings, name, 0};
 }
 
-/// Whether the rows rise by value. A value may stand twice, for different revisions.
-constexpr bool RowsRise(const Table& table)
-{
-    for (std::size_t i = 1; i < table.RowCount; ++i) {
-        const Row& before = table.Rows[i - 1];
-        const Row& row = table.Rows[i];
-        if (row.Value < before.Value || (row.Value == before.Value && row.From <= before.To))
-            return false;
-    }
-    return table.LowerRowCount == 0 || table.LowerRows[table.LowerRowCount - 1].Value < table.Rows[0].Value;
-}
-
-/// Whether the parts lie one above the other within `bits` bits, each with rows that fit into it.
-constexpr bool PartsFit(const Table& table, int bits)
-{
-    int free = 0;
-    for (std::size_t i = 0; i < table.PartCount; ++i) {
-        const Part& part = table.Parts[i];
-        if (part.LowBit < free || part.HighBit < part.LowBit || part.HighBit >= bits ||
-            !RowsRise(part.Values))
-            return false;
-        const Table& values = part.Values;
-        if (values.RowCount != 0 &&
-            values.Rows[values.RowCount - 1].Value >> (part.HighBit - part.LowBit + 1) != 0)
-            return false;
-        free = part.HighBit + 1;
-    }
-    return true;
-}
-
-/// Whether each field begins where the one before it ends, the first at `offset`, and has its rows in order:
-/// by version a reader moves over the structure by the widths alone, and rows are looked up by halving. What
-/// is behind a field whose width is not fixed has no offset.
-constexpr bool FieldsFollow(const Field* fields, std::size_t count, int offset)
-{
-    for (std::size_t i = 0; i < count; ++i) {
-        const Field& field = fields[i];
-        if (field.Offset != offset || !RowsRise(field.Values))
-            return false;
-        if (!field.HasFixedWidth())
-            return i + 1 == count;
-        if (!PartsFit(field.Values, 8 * field.Size()))
-            return false;
-        offset += field.Size();
-    }
-    return true;
-}
-
-/// The fields of a structure, the first right behind its header.
-template <std::size_t N>
-constexpr bool IsWellFormed(const Field (&fields)[N])
-{
-    return FieldsFollow(fields, N, 4);
-}
-
-/// A section has its fields in order too, at any offset from the structure's first byte, else from 0 on;
-/// those of records of fixed length fill the record.
-constexpr bool IsWellFormed(const Section& section)
-{
-    if (section.Holds == Section::Content::Strings)
-        return true;
-    const bool isAtOffsets = section.Holds == Section::Content::Fields && section.Start != Behind;
-    const Field& last = section.Fields[section.FieldCount - 1];
-    const bool fillsRecord = section.Holds != Section::Content::Group ||
-                             section.Length.From != RecordLength::Source::Fixed ||
-                             last.Offset + last.Size() == section.Length.Value;
-    return fillsRecord &&
-           FieldsFollow(section.Fields, section.FieldCount, isAtOffsets ? section.Fields[0].Offset : 0);
-}
-
-template <std::size_t N>
-constexpr bool IsWellFormed(const Section (&sections)[N])
-{
-    for (std::size_t i = 0; i < N; ++i) {
-        if (!IsWellFormed(sections[i]))
-            return false;
-    }
-    return true;
-}
-
 /// Whether a type's structures each get a node of their own, or share the node of the type.
 enum class Instances : bool { Shared = false, Indexed = true };
 
@@ -391,8 +390,8 @@ struct Type {
 
     unsigned char Number;
     bool Indexed;
-    Revision From;
-    const Field* Fields;
+    Revision From;       ///< the first that reads the type by version; Later: none does
+    const Field* Fields; ///< by version, those whose revision it has
     std::size_t FieldCount;
     Section First; ///< of the newest revision: the fields
     const Section* Sections = nullptr;

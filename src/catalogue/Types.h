@@ -3,6 +3,7 @@
 #pragma once
 
 #include "catalogue/Definition.h"
+#include "catalogue/WellFormed.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 

@@ -18,7 +18,7 @@ public:
     Catalogue::TableKind Kind() const { return Data->Kind; }
 
     /// The text of a value, or at a key of a decoder's table; empty where no row has it.
-    std::string_view Text(int value) const
+    std::string_view Text(unsigned long long value) const
     {
         const std::string_view text = Text(Data->Rows, Data->RowCount, value);
         const bool knowsLower = text.data() == nullptr && Revision == Catalogue::Newest;
@@ -36,11 +36,11 @@ public:
     }
 
 private:
-    std::string_view Text(const Catalogue::Row* rows, std::size_t count, int value) const
+    std::string_view Text(const Catalogue::Row* rows, std::size_t count, unsigned long long value) const
     {
         const Catalogue::Row* const end = rows + count;
         const Catalogue::Row* row = std::lower_bound(
-            rows, end, value, [](const Catalogue::Row& each, int wanted) { return each.Value < wanted; });
+            rows, end, value, [](const Catalogue::Row& each, unsigned long long wanted) { return each.Value < wanted; });
         while (row != end && row->Value == value && !row->Has(Revision))
             ++row;
         return row != end && row->Value == value ? std::string_view(row->Text) : std::string_view();

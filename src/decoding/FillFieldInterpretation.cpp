@@ -64,10 +64,10 @@ void SMBIOSProtocolImpl::FillFieldInterpretation(TreeNode& node, std::string_vie
         InterpretBits(*ResultNodes, node, number, table);
         break;
     case TableKind::Enumeration:
-        InterpretEnumeration(*ResultNodes, node, value, table.Text(low));
+        InterpretEnumeration(*ResultNodes, node, value, table.Text(number & 0xFFFFFFFF));
         break;
     case TableKind::MaskedEnumeration:
-        ResultNodes->Overwrite(node, NODE_LEAF, table.Text(low & 0x7F));
+        ResultNodes->Overwrite(node, NODE_LEAF, table.Text(number & 0x7F));
         break;
     case TableKind::BIOSRomSize:
         InsertLeafXNode(CalculateBIOSRomSize(low), node);

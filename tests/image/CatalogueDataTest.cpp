@@ -1,7 +1,7 @@
 // The compiler checks the catalogue's data with rules that data in order cannot try out: each with data that
 // just keep it, and that just do not.
 
-#include "catalogue/Definition.h"
+#include "catalogue/WellFormed.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ bool Fit(int bits, const Part (&parts)[N])
 template <std::size_t N>
 bool Follow(const Field (&fields)[N])
 {
-    return IsWellFormed(fields);
+    return FieldsFollow(fields, N, 4);
 }
 
 TEST(CatalogueData, HasRowsThatRise)
@@ -65,6 +65,18 @@ TEST(CatalogueData, HasFieldsThatFollowOneAnother)
     EXPECT_FALSE(Follow({{4, "A", 1, Decimal, V3_8, "", Packed(Nine)}}));
     EXPECT_TRUE(Follow({{4, "A", 1, Decimal, V3_8, ""}, {5, "B", AsSaidAt(4), Hex, V3_8, ""}}));
     EXPECT_FALSE(Follow({{4, "A", AsSaidAt(4), Hex, V3_8, ""}, {5, "B", 1, Decimal, V3_8, ""}}));
+    EXPECT_FALSE(Follow({{4, "A", 1, Decimal, V2_4, ""}, {5, "B", 1, Decimal, V2_3, ""}}));
+}
+
+TEST(CatalogueData, HasSpecialValuesThatFit)
+{
+    static constexpr Row OfOneByte[] = {{0xFF, "a"}}, OfTwo[] = {{0x100, "a"}}, OfAny[] = {{AllOnes, "a"}};
+    EXPECT_TRUE(Follow({{4, "A", 1, Decimal, V2_3, "", Plain.Except(OfOneByte)}}));
+    EXPECT_FALSE(Follow({{4, "A", 1, Decimal, V2_3, "", Plain.Except(OfTwo)}}));
+    EXPECT_FALSE(Follow({{4, "A", 1, Decimal, V2_3, "", Plain.Except(Falling)}}));
+    EXPECT_TRUE(Follow({{4, "A", 16, HexBare, V2_3, "", Plain.Except(OfAny)}}));
+    EXPECT_TRUE(Fit(16, {{"A", 0, 7, Plain.Except(OfOneByte)}}));
+    EXPECT_FALSE(Fit(16, {{"A", 0, 7, Plain.Except(OfTwo)}}));
 }
 
 TEST(CatalogueData, HasSectionsWhoseFieldsFillTheirRecords)
@@ -79,6 +91,28 @@ TEST(CatalogueData, HasSectionsWhoseFieldsFillTheirRecords)
     EXPECT_TRUE(IsWellFormed(FieldsBehind(Inside)));
     EXPECT_FALSE(IsWellFormed(FieldsBehind(Further)));
     EXPECT_TRUE(IsWellFormed(StringList("S")));
+}
+
+TEST(CatalogueData, HasTypesWhoseNamesAgree)
+{
+    static constexpr Row Other[] = {{1, "c"}}, Seen[] = {{0, "see `A`"}}, Unseen[] = {{0, "see `Z`"}};
+    static constexpr Part Parts[] = {{"A", 0, 1, Enumeration(Other)}};
+    static constexpr Field One[] = {{4, "A", 1, Decimal, V2_3, "", Enumeration(Rising)}};
+    static constexpr Field Same[] = {{5, "A", 1, Decimal, V2_3, "", Enumeration(Rising)}};
+    static constexpr Field Differing[] = {{5, "A", 1, Decimal, V2_3, "", Enumeration(Other)}};
+    static constexpr Field OfPart[] = {{5, "B", 1, Decimal, V2_3, "", Packed(Parts)}};
+    static constexpr Field Referring[] = {{5, "B", 1, Decimal, V2_3, "", Plain.Except(Seen)}};
+    static constexpr Field Lost[] = {{5, "B", 1, Decimal, V2_3, "", Plain.Except(Unseen)}};
+    const auto isWellFormed = [](const Section& section) {
+        const Section sections[] = {section};
+        return IsWellFormed(Type(1, Instances::Indexed, V2_3, One, sections));
+    };
+    EXPECT_TRUE(isWellFormed(FieldsOf(Same)));
+    EXPECT_FALSE(isWellFormed(FieldsOf(Differing)));
+    EXPECT_FALSE(IsWellFormed(Type(1, Instances::Indexed, V2_3, Same)));
+    EXPECT_FALSE(isWellFormed(FieldsOf(Lost)));
+    EXPECT_TRUE(isWellFormed(FieldsOf(Referring)));
+    EXPECT_FALSE(isWellFormed(FieldsOf(OfPart)));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Type 0, BIOS Information.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -69,26 +70,27 @@ constexpr Part ExtendedBIOSRomSizeParts[] = {
     {"ExtendedRomSizeUnit", 14, 15, Enumeration(ExtendedRomSizeUnitRows)},
 };
 
+constexpr Row BIOSRomSizeSpecials[] = {{0xFF, "see `ExtendedBIOSRomSize`"}};
+
 constexpr Field Fields[] = {
     {0x04, "BIOSVendor",                        StringReference, String,  V2_3, "vendor of the firmware"},
     {0x05, "BIOSVersion",                       StringReference, String,  V2_3, "firmware version text"},
     {0x06, "BIOSStartAddressSegment",           2,               Decimal, V2_3, "segment of the firmware start address"},
     {0x08, "BIOSReleaseDate",                   StringReference, String,  V2_3, "release date text"},
-    {0x09, "BIOSRomSize",                       1,               Decimal, V2_3, "size of the firmware ROM in kilobytes; FFh see `ExtendedBIOSRomSize`", DecodedBy(TableKind::BIOSRomSize)},
-    {0x0A, "BIOSCharacteristics",               8,               Decimal, V2_3, "what the firmware supports",                                           Bits(64, BIOSCharacteristicsRows)},
-    {0x12, "BIOSCharacteristicsExtensionByte1", 1,               Decimal, V2_3, "more of it",                                                           Bits(8, BIOSCharacteristicsExtensionByte1Rows)},
-    {0x13, "BIOSCharacteristicsExtensionByte2", 1,               Decimal, V2_3, "more of it",                                                           Bits(8, BIOSCharacteristicsExtensionByte2Rows)},
-    {0x14, "SystemBiosMajorRelease",            1,               Decimal, V2_4, "firmware major release; FFh not supported"},
-    {0x15, "SystemBiosMinorRelease",            1,               Decimal, V2_4, "firmware minor release; FFh not supported"},
-    {0x16, "ECFirmwareMajorRelease",            1,               Decimal, V2_4, "embedded controller firmware major release; FFh not supported"},
-    {0x17, "ECFirmwareMinorRelease",            1,               Decimal, V2_4, "embedded controller firmware minor release; FFh not supported"},
-    {0x18, "ExtendedBIOSRomSize",               2,               Decimal, V3_1, "size of the firmware ROM, valid when `BIOSRomSize` is FFh",            Packed(ExtendedBIOSRomSizeParts)},
+    {0x09, "BIOSRomSize",                       1,               Decimal, V2_3, "size of the firmware ROM",                                   DecodedBy(TableKind::BIOSRomSize).In(Unit::Kilobytes).Except(BIOSRomSizeSpecials)},
+    {0x0A, "BIOSCharacteristics",               8,               Decimal, V2_3, "what the firmware supports",                                 Bits(64, BIOSCharacteristicsRows)},
+    {0x12, "BIOSCharacteristicsExtensionByte1", 1,               Decimal, V2_3, "more of it",                                                 Bits(8, BIOSCharacteristicsExtensionByte1Rows)},
+    {0x13, "BIOSCharacteristicsExtensionByte2", 1,               Decimal, V2_3, "more of it",                                                 Bits(8, BIOSCharacteristicsExtensionByte2Rows)},
+    {0x14, "SystemBiosMajorRelease",            1,               Decimal, V2_4, "firmware major release",                                     Plain.Except(NotSupportedIfFF)},
+    {0x15, "SystemBiosMinorRelease",            1,               Decimal, V2_4, "firmware minor release",                                     Plain.Except(NotSupportedIfFF)},
+    {0x16, "ECFirmwareMajorRelease",            1,               Decimal, V2_4, "embedded controller firmware major release",                 Plain.Except(NotSupportedIfFF)},
+    {0x17, "ECFirmwareMinorRelease",            1,               Decimal, V2_4, "embedded controller firmware minor release",                 Plain.Except(NotSupportedIfFF)},
+    {0x18, "ExtendedBIOSRomSize",               2,               Decimal, V3_1, "size of the firmware ROM (valid when `BIOSRomSize` is FFh)", Packed(ExtendedBIOSRomSizeParts).In(Unit::MegabytesOrGigabytes)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type000BiosInformation{0, Instances::Shared, V2_3, Fields};
+constexpr Type Type000BiosInformation{0, Instances::Shared, V2_3, Fields};
+static_assert(IsWellFormed(Type000BiosInformation));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -17,21 +17,25 @@ constexpr Row WakeupTypeRows[] = {
     {0x08, "AC Power Restored"},
 };
 
+constexpr Row UUIDSpecials[] = {
+    {0, "not present"},
+    {AllOnes, "not set"},
+};
+
 constexpr Field Fields[] = {
     {0x04, "Manufacturer", StringReference, String,  V2_3, "system manufacturer"},
     {0x05, "ProductName",  StringReference, String,  V2_3, "product name"},
     {0x06, "Version",      StringReference, String,  V2_3, "version text"},
     {0x07, "SerialNo",     StringReference, String,  V2_3, "serial number"},
-    {0x08, "UUID",         16,              HexBare, V2_3, "the system UUID; all 0 not present, all F not set", DecodedBy(TableKind::UUID)},
-    {0x18, "WakeupType",   1,               Decimal, V2_3, "what woke the system",                              Enumeration(WakeupTypeRows)},
+    {0x08, "UUID",         16,              HexBare, V2_3, "the system UUID",      DecodedBy(TableKind::UUID).Except(UUIDSpecials)},
+    {0x18, "WakeupType",   1,               Decimal, V2_3, "what woke the system", Enumeration(WakeupTypeRows)},
     {0x19, "SKUNumber",    StringReference, String,  V2_4, "SKU number"},
     {0x1A, "Family",       StringReference, String,  V2_4, "product family text"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type001SystemInformation{1, Instances::Shared, V2_3, Fields};
+constexpr Type Type001SystemInformation{1, Instances::Shared, V2_3, Fields};
+static_assert(IsWellFormed(Type001SystemInformation));
 
 } // namespace Protocol::SMBIOS::Catalogue

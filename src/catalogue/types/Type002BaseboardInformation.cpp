@@ -36,28 +36,25 @@ constexpr Field Fields[] = {
     {0x06, "Version",              StringReference, String,  V2_3, "version text"},
     {0x07, "SerialNo",             StringReference, String,  V2_3, "serial number"},
     {0x08, "AssetTag",             StringReference, String,  V2_3, "asset tag"},
-    {0x09, "FeatureFlags",         1,               Decimal, V2_3, "features of the board",                                                  Bits(8, FeatureFlagsRows)},
+    {0x09, "FeatureFlags",         1,               Decimal, V2_3, "features of the board",                                        Bits(8, FeatureFlagsRows)},
     {0x0A, "LocationInChassis",    StringReference, String,  V2_3, "where the board sits in the chassis"},
-    {0x0B, "ChassisHandle",        2,               Decimal, V2_3, "handle of the chassis that holds the board"},
-    {0x0D, "BoardType",            1,               Decimal, V2_3, "board type",                                                             Enumeration(BoardTypeRows)},
+    {0x0B, "ChassisHandle",        2,               Decimal, V2_3, "the chassis that holds the board",                             HandleOf(3)},
+    {0x0D, "BoardType",            1,               Decimal, V2_3, "board type",                                                   Enumeration(BoardTypeRows)},
     {0x0E, "NumOfObjectHandles",   1,               Decimal, V2_3, "number of `ContainedObject` records"},
-    {0x0F, "ContainObjectHandles", 2,               Decimal, V2_3, "handle of the first contained object; see `ContainedObject[n]` for all"},
+    {0x0F, "ContainObjectHandles", 2,               Decimal, V2_3, "the first contained object; see `ContainedObject[n]` for all", HandleOf()},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Field ContainedObjectFields[] = {
-    {0x00, "ContainedObjectHandle", 2, Decimal, V2_3, "handle of a structure that the board contains"},
+    {0x00, "ContainedObjectHandle", 2, Decimal, V2_3, "one that the board contains", HandleOf()},
 };
 
 constexpr Section Sections[] = {
     Group("ContainedObject", 0x0F, CountAt(0x0E), BytesEach(2), ContainedObjectFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type002BaseboardInformation{2, Instances::Indexed, V2_3, Fields, Sections};
+constexpr Type Type002BaseboardInformation{2, Instances::Indexed, V2_3, Fields, Sections};
+static_assert(IsWellFormed(Type002BaseboardInformation));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -1,6 +1,7 @@
 // Type 3, System Enclosure or Chassis.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -85,14 +86,12 @@ constexpr Field Fields[] = {
     {0x0B, "ThermalState",                 1,               Decimal, V2_3, "thermal state at the last boot",                                                  Enumeration(ChassisStateRows)},
     {0x0C, "SecurityStatus",               1,               Decimal, V2_3, "security state at the last boot",                                                 Enumeration(SecurityStatusRows)},
     {0x0D, "OEMdefined",                   4,               Decimal, V2_3, "OEM value"},
-    {0x11, "Height",                       1,               Decimal, V2_3, "height in rack units, 0 not given"},
-    {0x12, "NumberofPowerCords",           1,               Decimal, V2_3, "number of power cords, 0 not given"},
+    {0x11, "Height",                       1,               Decimal, V2_3, "height",                                                                          In(Unit::RackUnits).Except(NotGivenIf0)},
+    {0x12, "NumberofPowerCords",           1,               Decimal, V2_3, "number of power cords",                                                           Plain.Except(NotGivenIf0)},
     {0x13, "ContainedElementCount",        1,               Decimal, V2_3, "number of `ContainedElement` records"},
-    {0x14, "ContainedElementRecordLength", 1,               Decimal, V2_3, "length of a `ContainedElement` record in bytes"},
+    {0x14, "ContainedElementRecordLength", 1,               Decimal, V2_3, "length of a `ContainedElement` record",                                           In(Unit::Bytes)},
     {0x15, "ContainedElements",            1,               Decimal, V2_3, "first byte of the records, or, where there are none, of what stands behind them"},
 };
-
-static_assert(IsWellFormed(Fields));
 
 constexpr Field ContainedElementFields[] = {
     {0x00, "ContainedElementType",    1, Decimal, V2_3, "kind of the contained element",    Packed(ContainedElementTypeParts)},
@@ -109,10 +108,9 @@ constexpr Section Sections[] = {
     FieldsBehind(BehindContainedElementFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type003SystemEnclosure{3, Instances::Shared, V2_3, Fields, Sections};
+constexpr Type Type003SystemEnclosure{3, Instances::Shared, V2_3, Fields, Sections};
+static_assert(IsWellFormed(Type003SystemEnclosure));
 
 } // namespace Protocol::SMBIOS::Catalogue

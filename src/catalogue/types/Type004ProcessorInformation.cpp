@@ -1,6 +1,7 @@
 // Type 4, Processor Information.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 #include "catalogue/types/ProcessorFamilies.h"
 
 namespace Protocol::SMBIOS::Catalogue {
@@ -138,30 +139,49 @@ constexpr Row CharacteristicsRows[] = {
     {9, "Arm64 SoC ID", Later},
 };
 
+constexpr Row ProcessorFamilySpecials[] = {{0xFE, "see `ProcessorFamily2`"}};
+
+constexpr Row UpgradeSpecials[] = {{0xFF, "see `SocketType`"}};
+
+constexpr Row CoreCountSpecials[] = {
+    {0, "unknown"},
+    {0xFF, "see `CoreCount2`"},
+};
+
+constexpr Row CoreEnabledSpecials[] = {
+    {0, "unknown"},
+    {0xFF, "see `CoreEnabled2`"},
+};
+
+constexpr Row ThreadCountSpecials[] = {
+    {0, "unknown"},
+    {0xFF, "see `ThreadCount2`"},
+};
+
 constexpr Field Fields[] = {
     {0x04, "SocketDesignation",     StringReference, String,  V2_3, "socket name on the board"},
-    {0x05, "ProcessorType",         1,               Decimal, V2_3, "processor type",                                             Enumeration(ProcessorTypeRows)},
-    {0x06, "ProcessorFamily",       1,               Decimal, V2_3, "family of the processor; FEh see `ProcessorFamily2`",        Enumeration(ProcessorFamilyRows)},
+    {0x05, "ProcessorType",         1,               Decimal, V2_3, "processor type",                                       Enumeration(ProcessorTypeRows)},
+    {0x06, "ProcessorFamily",       1,               Decimal, V2_3, "family of the processor",                              Enumeration(ProcessorFamilyRows).Except(ProcessorFamilySpecials)},
     {0x07, "ProcessorManufacturer", StringReference, String,  V2_3, "manufacturer text"},
     {0x08, "ProcessorId",           8,               Hex,     V2_3, "raw data of processor identification, such as CPUID"},
     {0x10, "ProcessorVersion",      StringReference, String,  V2_3, "version text"},
-    {0x11, "VoltageCapability",     1,               Decimal, V2_3, "voltage",                                                    DecodedBy(TableKind::VoltageCapability, VoltageCapabilityRows)},
-    {0x12, "ClockFrequency",        2,               Decimal, V2_3, "external clock in MHz, 0 unknown"},
-    {0x14, "MaxSpeed",              2,               Decimal, V2_3, "highest speed of the socket in MHz, 0 unknown"},
-    {0x16, "CurrentSpeed",          2,               Decimal, V2_3, "speed at boot in MHz, 0 unknown"},
-    {0x18, "Status",                1,               Decimal, V2_3, "whether the socket is populated, and its state",             DecodedBy(TableKind::Status, StatusRows)},
-    {0x19, "Upgrade",               1,               Decimal, V2_3, "kind of socket; FFh see `SocketType`",                       Enumeration(UpgradeRows)},
-    {0x1A, "L1CacheHandle",         2,               Decimal, V2_3, "handle of a Type 7 structure, the level 1 cache"},
-    {0x1C, "L2CacheHandle",         2,               Decimal, V2_3, "handle of a Type 7 structure, the level 2 cache"},
-    {0x1E, "L3CacheHandle",         2,               Decimal, V2_3, "handle of a Type 7 structure, the level 3 cache"},
+    {0x11, "VoltageCapability",     1,               Decimal, V2_3, "voltage",                                              DecodedBy(TableKind::VoltageCapability, VoltageCapabilityRows)},
+    {0x12, "ClockFrequency",        2,               Decimal, V2_3, "external clock",                                       In(Unit::Megahertz).Except(UnknownIf0)},
+    {0x14, "MaxSpeed",              2,               Decimal, V2_3, "highest speed of the socket",                          In(Unit::Megahertz).Except(UnknownIf0)},
+    {0x16, "CurrentSpeed",          2,               Decimal, V2_3, "speed at boot",                                        In(Unit::Megahertz).Except(UnknownIf0)},
+    {0x18, "Status",                1,               Decimal, V2_3, "whether the socket is populated, and its state",       DecodedBy(TableKind::Status, StatusRows)},
+    {0x19, "Upgrade",               1,               Decimal, V2_3, "kind of socket",                                       Enumeration(UpgradeRows).Except(UpgradeSpecials)},
+    {0x1A, "L1CacheHandle",         2,               Decimal, V2_3, "the level 1 cache",                                    HandleOf(7)},
+    {0x1C, "L2CacheHandle",         2,               Decimal, V2_3, "the level 2 cache",                                    HandleOf(7)},
+    {0x1E, "L3CacheHandle",         2,               Decimal, V2_3, "the level 3 cache",                                    HandleOf(7)},
     {0x20, "SerialNo",              StringReference, String,  V2_3, "serial number"},
     {0x21, "AssetTag",              StringReference, String,  V2_3, "asset tag"},
     {0x22, "PartNumber",            StringReference, String,  V2_3, "part number"},
-    {0x23, "CoreCount",             1,               Decimal, V2_5, "number of cores, 0 unknown, FFh see `CoreCount2`"},
-    {0x24, "CoreEnabled",           1,               Decimal, V2_5, "number of enabled cores, 0 unknown, FFh see `CoreEnabled2`"},
-    {0x25, "ThreadCount",           1,               Decimal, V2_5, "number of threads, 0 unknown, FFh see `ThreadCount2`"},
-    {0x26, "Characteristics",       2,               Decimal, V2_5, "characteristics",                                            Bits(15, CharacteristicsRows)},
-    {0x28, "ProcessorFamily2",      2,               Decimal, V2_6, "family of the processor, families above FFh included",       Enumeration(ProcessorFamily2Rows, ProcessorFamilyRows)},
+    {0x23, "CoreCount",             1,               Decimal, V2_5, "number of cores",                                      Plain.Except(CoreCountSpecials)},
+    {0x24, "CoreEnabled",           1,               Decimal, V2_5, "number of enabled cores",                              Plain.Except(CoreEnabledSpecials)},
+    {0x25, "ThreadCount",           1,               Decimal, V2_5, "number of threads",                                    Plain.Except(ThreadCountSpecials)},
+    {0x26, "Characteristics",       2,               Decimal, V2_5, "characteristics",                                      Bits(15, CharacteristicsRows)},
+    {0x28, "ProcessorFamily2",      2,               Decimal, V2_6, "family of the processor, families above FFh included", Enumeration(ProcessorFamily2Rows, ProcessorFamilyRows)},
     {0x2A, "CoreCount2",            2,               Decimal, V3_0, "number of cores, counts above 255 included"},
     {0x2C, "CoreEnabled2",          2,               Decimal, V3_0, "number of enabled cores, counts above 255 included"},
     {0x2E, "ThreadCount2",          2,               Decimal, V3_0, "number of threads, counts above 255 included"},
@@ -169,10 +189,9 @@ constexpr Field Fields[] = {
     {0x32, "SocketType",            StringReference, String,  V3_8, "name of the processor socket"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type004ProcessorInformation{4, Instances::Indexed, V2_3, Fields};
+constexpr Type Type004ProcessorInformation{4, Instances::Indexed, V2_3, Fields};
+static_assert(IsWellFormed(Type004ProcessorInformation));
 
 } // namespace Protocol::SMBIOS::Catalogue

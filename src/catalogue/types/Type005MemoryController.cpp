@@ -64,21 +64,19 @@ constexpr Row MemoryModuleVoltageRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ErrorDetectingMethod",          1, Decimal, V2_0, "how errors are detected",                                         Enumeration(ErrorDetectingMethodRows)},
-    {0x05, "ErrorCorrectingCapability",     1, Decimal, V2_0, "error correction that the controller can do",                     Bits(8, ErrorCorrectionRows)},
-    {0x06, "SupportedInterleave",           1, Decimal, V2_0, "supported interleave",                                            Enumeration(InterleaveRows)},
-    {0x07, "CurrentInterleave",             1, Decimal, V2_0, "interleave in use",                                               Enumeration(InterleaveRows)},
-    {0x08, "MaximumMemoryModuleSize",       1, Decimal, V2_0, "exponent n of the largest module per slot, 2 to the n megabytes"},
-    {0x09, "SupportedSpeeds",               2, Decimal, V2_0, "supported speeds",                                                Bits(16, SupportedSpeedsRows)},
-    {0x0B, "SupportedMemoryTypes",          2, Decimal, V2_0, "supported memory types",                                          Bits(16, SupportedMemoryTypesRows)},
-    {0x0D, "MemoryModuleVoltage",           1, Decimal, V2_0, "voltages of the module sockets",                                  Bits(8, MemoryModuleVoltageRows)},
+    {0x04, "ErrorDetectingMethod",          1, Decimal, V2_0, "how errors are detected",                     Enumeration(ErrorDetectingMethodRows)},
+    {0x05, "ErrorCorrectingCapability",     1, Decimal, V2_0, "error correction that the controller can do", Bits(8, ErrorCorrectionRows)},
+    {0x06, "SupportedInterleave",           1, Decimal, V2_0, "supported interleave",                        Enumeration(InterleaveRows)},
+    {0x07, "CurrentInterleave",             1, Decimal, V2_0, "interleave in use",                           Enumeration(InterleaveRows)},
+    {0x08, "MaximumMemoryModuleSize",       1, Decimal, V2_0, "size of the largest module per slot",         In(Unit::PowerOfTwoMegabytes)},
+    {0x09, "SupportedSpeeds",               2, Decimal, V2_0, "supported speeds",                            Bits(16, SupportedSpeedsRows)},
+    {0x0B, "SupportedMemoryTypes",          2, Decimal, V2_0, "supported memory types",                      Bits(16, SupportedMemoryTypesRows)},
+    {0x0D, "MemoryModuleVoltage",           1, Decimal, V2_0, "voltages of the module sockets",              Bits(8, MemoryModuleVoltageRows)},
     {0x0E, "NumberOfAssociatedMemorySlots", 1, Decimal, V2_0, "number of slots that the controller serves"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Field MemoryModuleConfigurationFields[] = {
-    {0x00, "MemoryModuleConfigurationHandle", 2, Decimal, V2_0, "handle of a Type 6 structure"},
+    {0x00, "MemoryModuleConfigurationHandle", 2, Decimal, V2_0, "a memory module", HandleOf(6)},
 };
 
 constexpr Field BehindMemoryModuleConfigurationFields[] = {
@@ -90,10 +88,9 @@ constexpr Section Sections[] = {
     FieldsBehind(BehindMemoryModuleConfigurationFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type005MemoryController{5, Instances::Indexed, Later, Fields, Sections};
+constexpr Type Type005MemoryController{5, Instances::Indexed, Later, Fields, Sections};
+static_assert(IsWellFormed(Type005MemoryController));
 
 } // namespace Protocol::SMBIOS::Catalogue

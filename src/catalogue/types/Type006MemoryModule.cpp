@@ -1,13 +1,22 @@
 // Type 6, Memory Module Information.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
 
+constexpr Row BankConnectionSpecials[] = {{0xF, "no connection"}};
+
+constexpr Row SizeSpecials[] = {
+    {0x7D, "not determinable"},
+    {0x7E, "nothing enabled"},
+    {0x7F, "not installed"},
+};
+
 constexpr Part BankConnectionsParts[] = {
-    {"SecondBankConnection", 0, 3},
-    {"FirstBankConnection",  4, 7},
+    {"SecondBankConnection", 0, 3, Plain.Except(BankConnectionSpecials)},
+    {"FirstBankConnection",  4, 7, Plain.Except(BankConnectionSpecials)},
 };
 
 constexpr Row CurrentMemoryTypeRows[] = {
@@ -30,12 +39,12 @@ constexpr Row BankTypeRows[] = {
 };
 
 constexpr Part InstalledSizeParts[] = {
-    {"InstalledSizeExponent", 0, 6},
+    {"InstalledSizeExponent", 0, 6, In(Unit::PowerOfTwoMegabytes).Except(SizeSpecials)},
     {"InstalledBankType",     7, 7, Enumeration(BankTypeRows)},
 };
 
 constexpr Part EnabledSizeParts[] = {
-    {"EnabledSizeExponent", 0, 6},
+    {"EnabledSizeExponent", 0, 6, In(Unit::PowerOfTwoMegabytes).Except(SizeSpecials)},
     {"EnabledBankType",     7, 7, Enumeration(BankTypeRows)},
 };
 
@@ -47,18 +56,17 @@ constexpr Row ErrorStatusRows[] = {
 
 constexpr Field Fields[] = {
     {0x04, "SocketDesignation", StringReference, String,  V2_0, "socket name on the board"},
-    {0x05, "BankConnections",   1,               Decimal, V2_0, "banks that the socket is wired to; Fh in a half is no connection",                                                 Packed(BankConnectionsParts)},
-    {0x06, "CurrentSpeed",      1,               Decimal, V2_0, "speed in nanoseconds, 0 unknown"},
-    {0x07, "CurrentMemoryType", 2,               Decimal, V2_0, "type of the module",                                                                                               Bits(16, CurrentMemoryTypeRows)},
-    {0x09, "InstalledSize",     1,               Decimal, V2_0, "installed size, 2 to the n megabytes; n of 7Dh is not determinable, 7Eh is nothing enabled, 7Fh is not installed", Packed(InstalledSizeParts)},
-    {0x0A, "EnabledSize",       1,               Decimal, V2_0, "enabled size, in the form of `InstalledSize`",                                                                     Packed(EnabledSizeParts)},
-    {0x0B, "ErrorStatus",       1,               Decimal, V2_0, "errors of the module",                                                                                             Bits(8, ErrorStatusRows)},
+    {0x05, "BankConnections",   1,               Decimal, V2_0, "banks that the socket is wired to", Packed(BankConnectionsParts)},
+    {0x06, "CurrentSpeed",      1,               Decimal, V2_0, "speed",                             In(Unit::Nanoseconds).Except(UnknownIf0)},
+    {0x07, "CurrentMemoryType", 2,               Decimal, V2_0, "type of the module",                Bits(16, CurrentMemoryTypeRows)},
+    {0x09, "InstalledSize",     1,               Decimal, V2_0, "installed size",                    Packed(InstalledSizeParts)},
+    {0x0A, "EnabledSize",       1,               Decimal, V2_0, "enabled size",                      Packed(EnabledSizeParts)},
+    {0x0B, "ErrorStatus",       1,               Decimal, V2_0, "errors of the module",              Bits(8, ErrorStatusRows)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type006MemoryModule{6, Instances::Indexed, Later, Fields};
+constexpr Type Type006MemoryModule{6, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type006MemoryModule));
 
 } // namespace Protocol::SMBIOS::Catalogue

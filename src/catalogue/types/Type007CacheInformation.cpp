@@ -1,6 +1,7 @@
 // Type 7, Cache Information.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -95,25 +96,28 @@ constexpr Part InstalledSize2Parts[] = {
     {"InstalledSize2Granularity", 31, 31, Enumeration(GranularityRows)},
 };
 
+constexpr Row MaxCacheSizeSpecials[] = {{0xFFFF, "see `MaxCacheSize2`"}};
+
+constexpr Row InstalledSizeSpecials[] = {{0xFFFF, "see `InstalledSize2`"}};
+
 constexpr Field Fields[] = {
     {0x04, "SocketDesignation",   StringReference, String,  V2_3, "socket name on the board"},
-    {0x05, "CacheConfiguration",  2,               Decimal, V2_3, "level, place and mode",                          DecodedBy(TableKind::CacheConfiguration, CacheConfigurationRows)},
-    {0x07, "MaxCacheSize",        2,               Decimal, V2_3, "largest size; FFFFh see `MaxCacheSize2`",        DecodedBy(TableKind::CacheSize, CacheSizeRows)},
-    {0x09, "InstalledSize",       2,               Decimal, V2_3, "installed size; FFFFh see `InstalledSize2`",     DecodedBy(TableKind::CacheSize, CacheSizeRows)},
-    {0x0B, "SupportedSRAMType",   2,               Decimal, V2_3, "supported SRAM types",                           Bits(16, SramTypeRows)},
-    {0x0D, "CurrentSRAMType",     2,               Decimal, V2_3, "current SRAM type",                              Bits(16, SramTypeRows)},
-    {0x0F, "CacheSpeed",          1,               Decimal, V2_3, "speed in nanoseconds, 0 unknown"},
-    {0x10, "ErrorCorrectionType", 1,               Decimal, V2_3, "error correction",                               Enumeration(ErrorCorrectionTypeRows)},
-    {0x11, "SystemCacheType",     1,               Decimal, V2_3, "kind of cache",                                  Enumeration(SystemCacheTypeRows)},
-    {0x12, "Associativity",       1,               Decimal, V2_3, "associativity",                                  Enumeration(AssociativityRows)},
-    {0x13, "MaxCacheSize2",       4,               Decimal, V3_1, "largest size, sizes above 2047 MB included",     Packed(MaxCacheSize2Parts)},
-    {0x17, "InstalledSize2",      4,               Decimal, V3_1, "installed size, in the form of `MaxCacheSize2`", Packed(InstalledSize2Parts)},
+    {0x05, "CacheConfiguration",  2,               Decimal, V2_3, "level, place and mode",                         DecodedBy(TableKind::CacheConfiguration, CacheConfigurationRows)},
+    {0x07, "MaxCacheSize",        2,               Decimal, V2_3, "largest size",                                  DecodedBy(TableKind::CacheSize, CacheSizeRows).In(Unit::KilobytesOr64Kilobytes).Except(MaxCacheSizeSpecials)},
+    {0x09, "InstalledSize",       2,               Decimal, V2_3, "installed size",                                DecodedBy(TableKind::CacheSize, CacheSizeRows).In(Unit::KilobytesOr64Kilobytes).Except(InstalledSizeSpecials)},
+    {0x0B, "SupportedSRAMType",   2,               Decimal, V2_3, "supported SRAM types",                          Bits(16, SramTypeRows)},
+    {0x0D, "CurrentSRAMType",     2,               Decimal, V2_3, "current SRAM type",                             Bits(16, SramTypeRows)},
+    {0x0F, "CacheSpeed",          1,               Decimal, V2_3, "speed",                                         In(Unit::Nanoseconds).Except(UnknownIf0)},
+    {0x10, "ErrorCorrectionType", 1,               Decimal, V2_3, "error correction",                              Enumeration(ErrorCorrectionTypeRows)},
+    {0x11, "SystemCacheType",     1,               Decimal, V2_3, "kind of cache",                                 Enumeration(SystemCacheTypeRows)},
+    {0x12, "Associativity",       1,               Decimal, V2_3, "associativity",                                 Enumeration(AssociativityRows)},
+    {0x13, "MaxCacheSize2",       4,               Decimal, V3_1, "largest size (sizes above 2047 MB included)",   Packed(MaxCacheSize2Parts).In(Unit::KilobytesOr64Kilobytes)},
+    {0x17, "InstalledSize2",      4,               Decimal, V3_1, "installed size (sizes above 2047 MB included)", Packed(InstalledSize2Parts).In(Unit::KilobytesOr64Kilobytes)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type007CacheInformation{7, Instances::Indexed, V2_3, Fields};
+constexpr Type Type007CacheInformation{7, Instances::Indexed, V2_3, Fields};
+static_assert(IsWellFormed(Type007CacheInformation));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -100,10 +100,9 @@ constexpr Field Fields[] = {
     {0x08, "PortType",                    1,               Decimal, V2_3, "function of the port",        Enumeration(PortTypeRows)},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type008PortConnectorInformation{8, Instances::Indexed, V2_3, Fields};
+constexpr Type Type008PortConnectorInformation{8, Instances::Indexed, V2_3, Fields};
+static_assert(IsWellFormed(Type008PortConnectorInformation));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -1,6 +1,7 @@
 // Type 9, System Slots.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -177,23 +178,23 @@ constexpr Row SlotHeightRows[] = {
     {0x04, "Low-profile"},
 };
 
+constexpr Row SlotInformationSpecials[] = {{0, "no PCI Express slot"}};
+
 constexpr Field Fields[] = {
     {0x04, "SlotDesignation",      StringReference, String,  V2_3, "slot name"},
-    {0x05, "SlotType",             1,               Decimal, V2_3, "slot type",                                                               Enumeration(SlotTypeRows)},
-    {0x06, "SlotDataBusWidth",     1,               Decimal, V2_3, "bus width",                                                               Enumeration(SlotDataBusWidthRows)},
-    {0x07, "CurrentUsage",         1,               Decimal, V2_3, "use of the slot",                                                         Enumeration(CurrentUsageRows)},
-    {0x08, "SlotLength",           1,               Decimal, V2_3, "slot length",                                                             Enumeration(SlotLengthRows)},
+    {0x05, "SlotType",             1,               Decimal, V2_3, "slot type",                        Enumeration(SlotTypeRows)},
+    {0x06, "SlotDataBusWidth",     1,               Decimal, V2_3, "bus width",                        Enumeration(SlotDataBusWidthRows)},
+    {0x07, "CurrentUsage",         1,               Decimal, V2_3, "use of the slot",                  Enumeration(CurrentUsageRows)},
+    {0x08, "SlotLength",           1,               Decimal, V2_3, "slot length",                      Enumeration(SlotLengthRows)},
     {0x09, "SlotId",               2,               Decimal, V2_3, "slot identifier"},
-    {0x0B, "SlotCharacteristics1", 1,               Decimal, V2_3, "characteristics 1",                                                       Bits(8, SlotCharacteristics1Rows)},
-    {0x0C, "SlotCharacteristics2", 1,               Decimal, V2_3, "characteristics 2",                                                       Bits(8, SlotCharacteristics2Rows)},
-    {0x0D, "SegmentGroupNumber",   2,               Decimal, V2_6, "PCI segment group; FFFFh not applicable"},
-    {0x0F, "BusNumber",            1,               Decimal, V2_6, "PCI bus; FFh not applicable"},
-    {0x10, "DeviceNumber",         1,               Decimal, V2_6, "PCI device (bits 3 to 7) and function (bits 0 to 2); FFh not applicable"},
+    {0x0B, "SlotCharacteristics1", 1,               Decimal, V2_3, "characteristics 1",                Bits(8, SlotCharacteristics1Rows)},
+    {0x0C, "SlotCharacteristics2", 1,               Decimal, V2_3, "characteristics 2",                Bits(8, SlotCharacteristics2Rows)},
+    {0x0D, "SegmentGroupNumber",   2,               Decimal, V2_6, "PCI segment group",                Plain.Except(NotApplicableIfFFFF)},
+    {0x0F, "BusNumber",            1,               Decimal, V2_6, "PCI bus",                          Plain.Except(NotApplicableIfFF)},
+    {0x10, "DeviceNumber",         1,               Decimal, V2_6, "PCI device and function",          In(Unit::DeviceAndFunction).Except(NotApplicableIfFF)},
     {0x11, "DataBusWidth",         1,               Decimal, V3_2, "electrical bus width of the slot"},
     {0x12, "PeerGroupingCount",    1,               Decimal, V3_2, "number of peer groups"},
 };
-
-static_assert(IsWellFormed(Fields));
 
 constexpr Field PeerGroupFields[] = {
     {0x00, "PeerSegmentGroupNumber",   2, Decimal, V3_2, "PCI segment group of the peer"},
@@ -203,10 +204,10 @@ constexpr Field PeerGroupFields[] = {
 };
 
 constexpr Field BehindPeerGroupFields[] = {
-    {0x00, "SlotInformation",   1, Decimal, V3_4, "PCI Express generation of a PCI Express slot, otherwise 0"},
-    {0x01, "SlotPhysicalWidth", 1, Decimal, V3_4, "physical width of the slot",                                 Enumeration(SlotPhysicalWidthRows)},
-    {0x02, "SlotPitch",         2, Decimal, V3_4, "pitch of the slot in hundredths of a millimetre, 0 unknown"},
-    {0x04, "SlotHeight",        1, Decimal, V3_5, "tallest card that fits",                                     Enumeration(SlotHeightRows)},
+    {0x00, "SlotInformation",   1, Decimal, V3_4, "PCI Express generation",     Plain.Except(SlotInformationSpecials)},
+    {0x01, "SlotPhysicalWidth", 1, Decimal, V3_4, "physical width of the slot", Enumeration(SlotPhysicalWidthRows)},
+    {0x02, "SlotPitch",         2, Decimal, V3_4, "pitch of the slot",          In(Unit::HundredthsOfMillimetre).Except(UnknownIf0)},
+    {0x04, "SlotHeight",        1, Decimal, V3_5, "tallest card that fits",     Enumeration(SlotHeightRows)},
 };
 
 constexpr Section Sections[] = {
@@ -214,10 +215,9 @@ constexpr Section Sections[] = {
     FieldsBehind(BehindPeerGroupFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type009SystemSlots{9, Instances::Indexed, V2_3, Fields, Sections};
+constexpr Type Type009SystemSlots{9, Instances::Indexed, V2_3, Fields, Sections};
+static_assert(IsWellFormed(Type009SystemSlots));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -47,8 +47,6 @@ constexpr Field Fields[] = {
     {0x05, "DescriptionString", StringReference, String,  V2_3, "description of the first device"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Field OnBoardDeviceFields[] = {
     {0x00, "DeviceTypeAndStatus", 1,               Decimal, V2_3, "device type and whether the device is enabled", Packed(DeviceTypeAndStatusParts)},
     {0x01, "DeviceDescription",   StringReference, String,  V2_3, "description text"},
@@ -58,10 +56,9 @@ constexpr Section Sections[] = {
     Group("OnBoardDevice", 0x04, AsManyAsFit, BytesEach(2), OnBoardDeviceFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type010OnBoardDevices{10, Instances::Indexed, V2_3, Fields, Sections};
+constexpr Type Type010OnBoardDevices{10, Instances::Indexed, V2_3, Fields, Sections};
+static_assert(IsWellFormed(Type010OnBoardDevices));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -17,16 +17,13 @@ constexpr Field Fields[] = {
     {0x15, "CurrentLanguage",      StringReference, String,  V2_3, "current language text"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Section Sections[] = {
     StringList("String"),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type013BiosLanguage{13, Instances::Shared, V2_3, Fields, Sections};
+constexpr Type Type013BiosLanguage{13, Instances::Shared, V2_3, Fields, Sections};
+static_assert(IsWellFormed(Type013BiosLanguage));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -62,7 +62,7 @@ constexpr Row VariableDataFormatTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "LogAreaLength",                       2, Decimal, V2_0, "length of the log area in bytes, header included"},
+    {0x04, "LogAreaLength",                       2, Decimal, V2_0, "length of the log area (header included)",              In(Unit::Bytes)},
     {0x06, "LogHeaderStartOffset",                2, Decimal, V2_0, "offset of the log header in the area"},
     {0x08, "LogDataStartOffset",                  2, Decimal, V2_0, "offset of the first log data byte in the area"},
     {0x0A, "AccessMethod",                        1, Decimal, V2_0, "how the log area is reached",                           Enumeration(AccessMethodRows)},
@@ -71,10 +71,8 @@ constexpr Field Fields[] = {
     {0x10, "AccessMethodAddress",                 4, Decimal, V2_0, "address for the access method, read by `AccessMethod`"},
     {0x14, "LogHeaderFormat",                     1, Decimal, V2_1, "format of the log header",                              Enumeration(LogHeaderFormatRows)},
     {0x15, "NumberOfSupportedLogTypeDescriptors", 1, Decimal, V2_1, "number of log type descriptors"},
-    {0x16, "LengthOfEachLogTypeDescriptor",       1, Decimal, V2_1, "length of a log type descriptor in bytes"},
+    {0x16, "LengthOfEachLogTypeDescriptor",       1, Decimal, V2_1, "length of a log type descriptor",                       In(Unit::Bytes)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 constexpr Field LogTypeDescriptorFields[] = {
     {0x00, "LogType",                1, Decimal, V2_1, "kind of event",               Enumeration(LogTypeRows)},
@@ -85,10 +83,9 @@ constexpr Section Sections[] = {
     Group("LogTypeDescriptor", 0x17, CountAt(0x15), EachAsSaidAt(0x16), LogTypeDescriptorFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type015SystemEventLog{15, Instances::Indexed, Later, Fields, Sections};
+constexpr Type Type015SystemEventLog{15, Instances::Indexed, Later, Fields, Sections};
+static_assert(IsWellFormed(Type015SystemEventLog));
 
 } // namespace Protocol::SMBIOS::Catalogue

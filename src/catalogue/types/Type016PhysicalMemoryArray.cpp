@@ -46,29 +46,33 @@ constexpr Row MemoryErrorCorrectionRows[] = {
     {0x07, "CRC"},
 };
 
+constexpr Row MaxCapacitySpecials[] = {{0x80000000, "see `ExtendedMaxCapacity`"}};
+
+constexpr Row MemoryErrorInfoHandleSpecials[] = {
+    {0xFFFE, "not provided"},
+    {0xFFFF, "no error"},
+};
+
 constexpr Field Fields[] = {
-    {0x04, "Location",              1, Decimal, V2_3, "where the array sits",                                                    Enumeration(LocationRows)},
-    {0x05, "Use",                   1, Decimal, V2_3, "what the array is for",                                                   Enumeration(UseRows)},
-    {0x06, "MemoryErrorCorrection", 1, Decimal, V2_3, "error correction",                                                        Enumeration(MemoryErrorCorrectionRows)},
-    {0x07, "MaxCapacity",           4, Decimal, V2_3, "largest capacity in kilobytes; 80000000h see `ExtendedMaxCapacity`"},
-    {0x0B, "MemoryErrorInfoHandle", 2, Decimal, V2_3, "handle of a Type 18 or 33 structure; FFFEh not provided, FFFFh no error"},
+    {0x04, "Location",              1, Decimal, V2_3, "where the array sits",                Enumeration(LocationRows)},
+    {0x05, "Use",                   1, Decimal, V2_3, "what the array is for",               Enumeration(UseRows)},
+    {0x06, "MemoryErrorCorrection", 1, Decimal, V2_3, "error correction",                    Enumeration(MemoryErrorCorrectionRows)},
+    {0x07, "MaxCapacity",           4, Decimal, V2_3, "largest capacity",                    In(Unit::Kilobytes).Except(MaxCapacitySpecials)},
+    {0x0B, "MemoryErrorInfoHandle", 2, Decimal, V2_3, "the error information",               HandleOf(18, 33).Except(MemoryErrorInfoHandleSpecials)},
     {0x0D, "NumMemoryDevices",      2, Decimal, V2_3, "number of device slots in the array"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Field LaterFields[] = {
-    {0x0F, "ExtendedMaxCapacity", 8, Unsigned, V2_7, "largest capacity in bytes, valid when `MaxCapacity` is 80000000h"},
+    {0x0F, "ExtendedMaxCapacity", 8, Unsigned, V2_7, "largest capacity (valid when `MaxCapacity` is 80000000h)", In(Unit::Bytes)},
 };
 
 constexpr Section Sections[] = {
     FieldsOf(LaterFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type016PhysicalMemoryArray{16, Instances::Indexed, V2_3, Fields, Sections};
+constexpr Type Type016PhysicalMemoryArray{16, Instances::Indexed, V2_3, Fields, Sections};
+static_assert(IsWellFormed(Type016PhysicalMemoryArray));
 
 } // namespace Protocol::SMBIOS::Catalogue

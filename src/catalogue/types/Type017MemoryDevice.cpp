@@ -1,6 +1,7 @@
 // Type 17, Memory Device.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -103,61 +104,84 @@ constexpr Row MemoryOperatingModeCapabilityRows[] = {
     {5, "Block-accessible persistent memory"},
 };
 
+constexpr Row MemoryErrorInfoHandleSpecials[] = {
+    {0xFFFE, "not provided"},
+    {0xFFFF, "no error"},
+};
+
+constexpr Row SizeSpecials[] = {
+    {0, "no module"},
+    {0x7FFF, "see `ExtendedSize`"},
+    {0xFFFF, "unknown"},
+};
+
+constexpr Row DeviceSetSpecials[] = {
+    {0, "none"},
+    {0xFF, "unknown"},
+};
+
+constexpr Row SpeedSpecials[] = {
+    {0, "unknown"},
+    {0xFFFF, "see `ExtendedSpeed`"},
+};
+
+constexpr Row ConfiguredMemorySpeedSpecials[] = {
+    {0, "unknown"},
+    {0xFFFF, "see `ExtendedConfiguredMemorySpeed`"},
+};
+
 constexpr Field Fields[] = {
-    {0x04, "MemoryArrayHandle",     2,               Decimal, V2_3, "handle of the Type 16 structure of the array"},
-    {0x06, "MemoryErrorInfoHandle", 2,               Decimal, V2_3, "handle of a Type 18 or 33 structure; FFFEh not provided, FFFFh no error"},
-    {0x08, "TotalWidth",            2,               Decimal, V2_3, "width in bits with those for error correction; FFFFh unknown"},
-    {0x0A, "DataWidth",             2,               Decimal, V2_3, "width in bits; FFFFh unknown"},
-    {0x0C, "Size",                  2,               Decimal, V2_3, "size in megabytes, or with bit 15 set in kilobytes; 0 no module, FFFFh unknown, 7FFFh see `ExtendedSize`"},
-    {0x0E, "FormFactor",            1,               Decimal, V2_3, "form factor",                                                                                              Enumeration(FormFactorRows)},
-    {0x0F, "DeviceSet",             1,               Decimal, V2_3, "number of the set that the device belongs to; 0 none, FFh unknown"},
+    {0x04, "MemoryArrayHandle",     2,               Decimal, V2_3, "the array",                                      HandleOf(16)},
+    {0x06, "MemoryErrorInfoHandle", 2,               Decimal, V2_3, "the error information",                          HandleOf(18, 33).Except(MemoryErrorInfoHandleSpecials)},
+    {0x08, "TotalWidth",            2,               Decimal, V2_3, "width (the bits for error correction included)", In(Unit::Bits).Except(UnknownIfFFFF)},
+    {0x0A, "DataWidth",             2,               Decimal, V2_3, "width",                                          In(Unit::Bits).Except(UnknownIfFFFF)},
+    {0x0C, "Size",                  2,               Decimal, V2_3, "size",                                           In(Unit::MegabytesOrKilobytes).Except(SizeSpecials)},
+    {0x0E, "FormFactor",            1,               Decimal, V2_3, "form factor",                                    Enumeration(FormFactorRows)},
+    {0x0F, "DeviceSet",             1,               Decimal, V2_3, "number of the set that the device belongs to",   Plain.Except(DeviceSetSpecials)},
     {0x10, "DeviceLocator",         StringReference, String,  V2_3, "socket or board position text"},
     {0x11, "BankLocator",           StringReference, String,  V2_3, "bank text"},
-    {0x12, "MemoryType",            1,               Decimal, V2_3, "memory type",                                                                                              Enumeration(MemoryTypeRows)},
-    {0x13, "TypeDetail",            2,               Decimal, V2_3, "type details",                                                                                             Bits(16, TypeDetailRows)},
-    {0x15, "Speed",                 2,               Decimal, V2_3, "highest speed in megatransfers per second, 0 unknown, FFFFh see `ExtendedSpeed`"},
+    {0x12, "MemoryType",            1,               Decimal, V2_3, "memory type",                                    Enumeration(MemoryTypeRows)},
+    {0x13, "TypeDetail",            2,               Decimal, V2_3, "type details",                                   Bits(16, TypeDetailRows)},
+    {0x15, "Speed",                 2,               Decimal, V2_3, "highest speed",                                  In(Unit::MegatransfersPerSecond).Except(SpeedSpecials)},
     {0x17, "Manufacturer",          StringReference, String,  V2_3, "manufacturer text"},
     {0x18, "SerialNo",              StringReference, String,  V2_3, "serial number"},
     {0x19, "AssetTag",              StringReference, String,  V2_3, "asset tag"},
     {0x1A, "PartNumber",            StringReference, String,  V2_3, "part number"},
-    {0x1B, "Attributes",            1,               Decimal, V2_6, "rank in bits 0 to 3, 0 unknown"},
-    {0x1C, "ExtendedSize",          4,               Decimal, V2_7, "size in megabytes, valid when `Size` is 7FFFh"},
+    {0x1B, "Attributes",            1,               Decimal, V2_6, "rank",                                           In(Unit::LowFourBits).Except(UnknownIf0)},
+    {0x1C, "ExtendedSize",          4,               Decimal, V2_7, "size (valid when `Size` is 7FFFh)",              In(Unit::Megabytes)},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Field LaterFields[] = {
-    {0x20, "ConfiguredMemorySpeed",                   2,               Decimal,  V2_7, "configured speed in megatransfers per second, 0 unknown, FFFFh see `ExtendedConfiguredMemorySpeed`"},
-    {0x22, "MinimumVoltage",                          2,               Decimal,  V2_8, "lowest operating voltage in millivolts, 0 unknown"},
-    {0x24, "MaximumVoltage",                          2,               Decimal,  V2_8, "highest operating voltage in millivolts, 0 unknown"},
-    {0x26, "ConfiguredVoltage",                       2,               Decimal,  V2_8, "configured voltage in millivolts, 0 unknown"},
-    {0x28, "MemoryTechnology",                        1,               Decimal,  V3_2, "memory technology",                                                                                  Enumeration(MemoryTechnologyRows)},
-    {0x29, "MemoryOperatingModeCapability",           2,               Decimal,  V3_2, "operating modes that the device supports",                                                           Bits(16, MemoryOperatingModeCapabilityRows)},
+    {0x20, "ConfiguredMemorySpeed",                   2,               Decimal,  V2_7, "configured speed",                                                      In(Unit::MegatransfersPerSecond).Except(ConfiguredMemorySpeedSpecials)},
+    {0x22, "MinimumVoltage",                          2,               Decimal,  V2_8, "lowest operating voltage",                                              In(Unit::Millivolts).Except(UnknownIf0)},
+    {0x24, "MaximumVoltage",                          2,               Decimal,  V2_8, "highest operating voltage",                                             In(Unit::Millivolts).Except(UnknownIf0)},
+    {0x26, "ConfiguredVoltage",                       2,               Decimal,  V2_8, "configured voltage",                                                    In(Unit::Millivolts).Except(UnknownIf0)},
+    {0x28, "MemoryTechnology",                        1,               Decimal,  V3_2, "memory technology",                                                     Enumeration(MemoryTechnologyRows)},
+    {0x29, "MemoryOperatingModeCapability",           2,               Decimal,  V3_2, "operating modes that the device supports",                              Bits(16, MemoryOperatingModeCapabilityRows)},
     {0x2B, "FirmwareVersion",                         StringReference, String,   V3_2, "firmware version of the device"},
     {0x2C, "ModuleManufacturerID",                    2,               Decimal,  V3_2, "manufacturer of the module as in its SPD data"},
     {0x2E, "ModuleProductID",                         2,               Decimal,  V3_2, "product of the module as in its SPD data"},
     {0x30, "MemorySubsystemControllerManufacturerID", 2,               Decimal,  V3_2, "manufacturer of the memory subsystem controller as in the SPD data"},
     {0x32, "MemorySubsystemControllerProductID",      2,               Decimal,  V3_2, "product of the memory subsystem controller as in the SPD data"},
-    {0x34, "NonVolatileSize",                         8,               Unsigned, V3_2, "size of the non-volatile part in bytes"},
-    {0x3C, "VolatileSize",                            8,               Unsigned, V3_2, "size of the volatile part in bytes"},
-    {0x44, "CacheSize",                               8,               Unsigned, V3_2, "size of the cache part in bytes"},
-    {0x4C, "LogicalSize",                             8,               Unsigned, V3_2, "size of the logical memory device in bytes"},
-    {0x54, "ExtendedSpeed",                           4,               Decimal,  V3_3, "speed in megatransfers per second, valid when `Speed` is FFFFh"},
-    {0x58, "ExtendedConfiguredMemorySpeed",           4,               Decimal,  V3_3, "configured speed in megatransfers per second, valid when `ConfiguredMemorySpeed` is FFFFh"},
+    {0x34, "NonVolatileSize",                         8,               Unsigned, V3_2, "size of the non-volatile part",                                         In(Unit::Bytes)},
+    {0x3C, "VolatileSize",                            8,               Unsigned, V3_2, "size of the volatile part",                                             In(Unit::Bytes)},
+    {0x44, "CacheSize",                               8,               Unsigned, V3_2, "size of the cache part",                                                In(Unit::Bytes)},
+    {0x4C, "LogicalSize",                             8,               Unsigned, V3_2, "size of the logical memory device",                                     In(Unit::Bytes)},
+    {0x54, "ExtendedSpeed",                           4,               Decimal,  V3_3, "speed (valid when `Speed` is FFFFh)",                                   In(Unit::MegatransfersPerSecond)},
+    {0x58, "ExtendedConfiguredMemorySpeed",           4,               Decimal,  V3_3, "configured speed (valid when `ConfiguredMemorySpeed` is FFFFh)",        In(Unit::MegatransfersPerSecond)},
     {0x5C, "PMIC0ManufacturerID",                     2,               Decimal,  V3_7, "manufacturer of the power management circuit PMIC0 as in the SPD data"},
-    {0x5E, "PMIC0RevisionNumber",                     2,               Decimal,  V3_7, "revision of PMIC0 as in the SPD data, FF00h unknown"},
+    {0x5E, "PMIC0RevisionNumber",                     2,               Decimal,  V3_7, "revision of PMIC0 as in the SPD data",                                  Plain.Except(UnknownIfFF00)},
     {0x60, "RCDManufacturerID",                       2,               Decimal,  V3_7, "manufacturer of the registering clock driver as in the SPD data"},
-    {0x62, "RCDRevisionNumber",                       2,               Decimal,  V3_7, "revision of the registering clock driver as in the SPD data, FF00h unknown"},
+    {0x62, "RCDRevisionNumber",                       2,               Decimal,  V3_7, "revision of the registering clock driver as in the SPD data",           Plain.Except(UnknownIfFF00)},
 };
 
 constexpr Section Sections[] = {
     FieldsOf(LaterFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type017MemoryDevice{17, Instances::Indexed, V2_3, Fields, Sections};
+constexpr Type Type017MemoryDevice{17, Instances::Indexed, V2_3, Fields, Sections};
+static_assert(IsWellFormed(Type017MemoryDevice));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -1,6 +1,7 @@
 // Type 18, 32-bit Memory Error Information.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -41,19 +42,18 @@ constexpr Row ErrorOperationRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ErrorType",               1, Decimal, V2_3, "kind of error",                                                 Enumeration(ErrorTypeRows)},
-    {0x05, "ErrorGranularity",        1, Decimal, V2_3, "granularity",                                                   Enumeration(ErrorGranularityRows)},
-    {0x06, "ErrorOperation",          1, Decimal, V2_3, "operation that failed",                                         Enumeration(ErrorOperationRows)},
-    {0x07, "VendorSyndrome",          4, Decimal, V2_3, "vendor syndrome; 0 unknown"},
-    {0x0B, "MemoryArrayErrorAddress", 4, Decimal, V2_3, "address in the array; 80000000h unknown"},
-    {0x0F, "DeviceErrorAddress",      4, Decimal, V2_3, "address in the device; 80000000h unknown"},
-    {0x13, "ErrorResolution",         4, Decimal, V2_3, "range in bytes within which the error lies; 80000000h unknown"},
+    {0x04, "ErrorType",               1, Decimal, V2_3, "kind of error",                    Enumeration(ErrorTypeRows)},
+    {0x05, "ErrorGranularity",        1, Decimal, V2_3, "granularity",                      Enumeration(ErrorGranularityRows)},
+    {0x06, "ErrorOperation",          1, Decimal, V2_3, "operation that failed",            Enumeration(ErrorOperationRows)},
+    {0x07, "VendorSyndrome",          4, Decimal, V2_3, "vendor syndrome",                  Plain.Except(UnknownIf0)},
+    {0x0B, "MemoryArrayErrorAddress", 4, Decimal, V2_3, "address in the array",             Plain.Except(UnknownIf80000000)},
+    {0x0F, "DeviceErrorAddress",      4, Decimal, V2_3, "address in the device",            Plain.Except(UnknownIf80000000)},
+    {0x13, "ErrorResolution",         4, Decimal, V2_3, "range (the error lies within it)", In(Unit::Bytes).Except(UnknownIf80000000)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type018MemoryErrorInformation32{18, Instances::Indexed, V2_3, Fields};
+constexpr Type Type018MemoryErrorInformation32{18, Instances::Indexed, V2_3, Fields};
+static_assert(IsWellFormed(Type018MemoryErrorInformation32));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -39,10 +39,9 @@ constexpr Field Fields[] = {
     {0x06, "NumberOfButtons", 1, Decimal, V2_1, "number of buttons"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type021BuiltInPointingDevice{21, Instances::Indexed, Later, Fields};
+constexpr Type Type021BuiltInPointingDevice{21, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type021BuiltInPointingDevice));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -1,6 +1,7 @@
 // Type 23, System Reset.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -30,17 +31,16 @@ constexpr Part CapabilitiesParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "Capabilities",  1, Decimal, V2_2, "reset capabilities",                                             Packed(CapabilitiesParts)},
-    {0x05, "ResetCount",    2, Decimal, V2_2, "automatic resets since the last intended one; FFFFh if unknown"},
-    {0x07, "ResetLimit",    2, Decimal, V2_2, "how often a reset is tried in a row; FFFFh if unknown"},
-    {0x09, "TimerInterval", 2, Decimal, V2_2, "watchdog interval in minutes; FFFFh if unknown"},
-    {0x0B, "Timeout",       2, Decimal, V2_2, "minutes until the reboot begins; FFFFh if unknown"},
+    {0x04, "Capabilities",  1, Decimal, V2_2, "reset capabilities",                           Packed(CapabilitiesParts)},
+    {0x05, "ResetCount",    2, Decimal, V2_2, "automatic resets since the last intended one", Plain.Except(UnknownIfFFFF)},
+    {0x07, "ResetLimit",    2, Decimal, V2_2, "how often a reset is tried in a row",          Plain.Except(UnknownIfFFFF)},
+    {0x09, "TimerInterval", 2, Decimal, V2_2, "watchdog interval",                            In(Unit::Minutes).Except(UnknownIfFFFF)},
+    {0x0B, "Timeout",       2, Decimal, V2_2, "time until the reboot begins",                 In(Unit::Minutes).Except(UnknownIfFFFF)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type023SystemReset{23, Instances::Indexed, Later, Fields};
+constexpr Type Type023SystemReset{23, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type023SystemReset));
 
 } // namespace Protocol::SMBIOS::Catalogue

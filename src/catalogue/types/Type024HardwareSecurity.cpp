@@ -16,10 +16,9 @@ constexpr Field Fields[] = {
     {0x04, "HardwareSecuritySettings", 1, Decimal, V2_3, "passwords and the front panel", DecodedBy(TableKind::HardwareSecuritySettings, HardwareSecuritySettingsRows)},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type024HardwareSecurity{24, Instances::Shared, V2_3, Fields};
+constexpr Type Type024HardwareSecurity{24, Instances::Shared, V2_3, Fields};
+static_assert(IsWellFormed(Type024HardwareSecurity));
 
 } // namespace Protocol::SMBIOS::Catalogue

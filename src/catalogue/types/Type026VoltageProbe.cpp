@@ -1,6 +1,7 @@
 // Type 26, Voltage Probe.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -35,20 +36,19 @@ constexpr Part LocationAndStatusParts[] = {
 
 constexpr Field Fields[] = {
     {0x04, "Description",       StringReference, String,  V2_2, "what the probe measures or where it sits"},
-    {0x05, "LocationAndStatus", 1,               Decimal, V2_2, "place and state",                                                                      Packed(LocationAndStatusParts)},
-    {0x06, "MaximumValue",      2,               Signed,  V2_2, "highest readable voltage in millivolts; 8000h if unknown"},
-    {0x08, "MinimumValue",      2,               Signed,  V2_2, "lowest readable voltage in millivolts; 8000h if unknown"},
-    {0x0A, "Resolution",        2,               Decimal, V2_2, "resolution in tenths of a millivolt; 8000h if unknown"},
-    {0x0C, "Tolerance",         2,               Signed,  V2_2, "tolerance in plus or minus millivolts; 8000h if unknown"},
-    {0x0E, "Accuracy",          2,               Decimal, V2_2, "accuracy in plus or minus hundredths of a percent; 8000h if unknown"},
+    {0x05, "LocationAndStatus", 1,               Decimal, V2_2, "place and state",                                       Packed(LocationAndStatusParts)},
+    {0x06, "MaximumValue",      2,               Signed,  V2_2, "highest readable voltage",                              In(Unit::Millivolts).Except(UnknownIf8000)},
+    {0x08, "MinimumValue",      2,               Signed,  V2_2, "lowest readable voltage",                               In(Unit::Millivolts).Except(UnknownIf8000)},
+    {0x0A, "Resolution",        2,               Decimal, V2_2, "resolution",                                            In(Unit::TenthsOfMillivolt).Except(UnknownIf8000)},
+    {0x0C, "Tolerance",         2,               Signed,  V2_2, "tolerance (plus or minus)",                             In(Unit::Millivolts).Except(UnknownIf8000)},
+    {0x0E, "Accuracy",          2,               Decimal, V2_2, "accuracy (plus or minus)",                              In(Unit::HundredthsOfPercent).Except(UnknownIf8000)},
     {0x10, "OEMDefined",        4,               Decimal, V2_2, "value of the OEM or firmware vendor"},
-    {0x14, "NominalValue",      2,               Signed,  V2_2, "nominal voltage in millivolts; 8000h if unknown; only in a structure longer than 14h"},
+    {0x14, "NominalValue",      2,               Signed,  V2_2, "nominal voltage (only in a structure longer than 14h)", In(Unit::Millivolts).Except(UnknownIf8000)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type026VoltageProbe{26, Instances::Indexed, Later, Fields};
+constexpr Type Type026VoltageProbe{26, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type026VoltageProbe));
 
 } // namespace Protocol::SMBIOS::Catalogue

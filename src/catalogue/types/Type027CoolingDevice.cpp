@@ -1,6 +1,7 @@
 // Type 27, Cooling Device.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -33,19 +34,20 @@ constexpr Part DeviceTypeAndStatusParts[] = {
     {"Status",     5, 7, Enumeration(StatusRows)},
 };
 
+constexpr Row NominalSpeedSpecials[] = {{0x8000, "unknown or not rotating"}};
+
 constexpr Field Fields[] = {
-    {0x04, "TemperatureProbeHandle", 2,               Decimal, V2_2, "handle of the Type 28 structure that watches this device; FFFFh if there is none"},
-    {0x06, "DeviceTypeAndStatus",    1,               Decimal, V2_2, "kind and state",                                                                                                 Packed(DeviceTypeAndStatusParts)},
-    {0x07, "CoolingUnitGroup",       1,               Decimal, V2_2, "group of devices that stand in for one another; 0 if in none"},
+    {0x04, "TemperatureProbeHandle", 2,               Decimal, V2_2, "the probe that watches this device",                  HandleOf(28).Except(NoneIfFFFF)},
+    {0x06, "DeviceTypeAndStatus",    1,               Decimal, V2_2, "kind and state",                                      Packed(DeviceTypeAndStatusParts)},
+    {0x07, "CoolingUnitGroup",       1,               Decimal, V2_2, "group of devices that stand in for one another",      Plain.Except(InNoneIf0)},
     {0x08, "OEMDefined",             4,               Decimal, V2_2, "value of the OEM or firmware vendor"},
-    {0x0C, "NominalSpeed",           2,               Decimal, V2_2, "nominal speed in revolutions per minute; 8000h if unknown or not rotating; only in a structure longer than 0Ch"},
+    {0x0C, "NominalSpeed",           2,               Decimal, V2_2, "nominal speed (only in a structure longer than 0Ch)", In(Unit::RevolutionsPerMinute).Except(NominalSpeedSpecials)},
     {0x0E, "Description",            StringReference, String,  V2_7, "what the device cools or where it sits"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type027CoolingDevice{27, Instances::Indexed, Later, Fields};
+constexpr Type Type027CoolingDevice{27, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type027CoolingDevice));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -1,6 +1,7 @@
 // Type 28, Temperature Probe.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -39,20 +40,19 @@ constexpr Part LocationAndStatusParts[] = {
 
 constexpr Field Fields[] = {
     {0x04, "Description",       StringReference, String,  V2_2, "what the probe measures or where it sits"},
-    {0x05, "LocationAndStatus", 1,               Decimal, V2_2, "place and state",                                                                                          Packed(LocationAndStatusParts)},
-    {0x06, "MaximumValue",      2,               Signed,  V2_2, "highest readable temperature in tenths of a degree Celsius; 8000h if unknown"},
-    {0x08, "MinimumValue",      2,               Signed,  V2_2, "lowest readable temperature in tenths of a degree Celsius; 8000h if unknown"},
-    {0x0A, "Resolution",        2,               Decimal, V2_2, "resolution in thousandths of a degree Celsius; 8000h if unknown"},
-    {0x0C, "Tolerance",         2,               Signed,  V2_2, "tolerance in plus or minus tenths of a degree Celsius; 8000h if unknown"},
-    {0x0E, "Accuracy",          2,               Decimal, V2_2, "accuracy in plus or minus hundredths of a percent; 8000h if unknown"},
+    {0x05, "LocationAndStatus", 1,               Decimal, V2_2, "place and state",                                           Packed(LocationAndStatusParts)},
+    {0x06, "MaximumValue",      2,               Signed,  V2_2, "highest readable temperature",                              In(Unit::TenthsOfDegree).Except(UnknownIf8000)},
+    {0x08, "MinimumValue",      2,               Signed,  V2_2, "lowest readable temperature",                               In(Unit::TenthsOfDegree).Except(UnknownIf8000)},
+    {0x0A, "Resolution",        2,               Decimal, V2_2, "resolution",                                                In(Unit::ThousandthsOfDegree).Except(UnknownIf8000)},
+    {0x0C, "Tolerance",         2,               Signed,  V2_2, "tolerance (plus or minus)",                                 In(Unit::TenthsOfDegree).Except(UnknownIf8000)},
+    {0x0E, "Accuracy",          2,               Decimal, V2_2, "accuracy (plus or minus)",                                  In(Unit::HundredthsOfPercent).Except(UnknownIf8000)},
     {0x10, "OEMDefined",        4,               Decimal, V2_2, "value of the OEM or firmware vendor"},
-    {0x14, "NominalValue",      2,               Signed,  V2_2, "nominal temperature in tenths of a degree Celsius; 8000h if unknown; only in a structure longer than 14h"},
+    {0x14, "NominalValue",      2,               Signed,  V2_2, "nominal temperature (only in a structure longer than 14h)", In(Unit::TenthsOfDegree).Except(UnknownIf8000)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type028TemperatureProbe{28, Instances::Indexed, Later, Fields};
+constexpr Type Type028TemperatureProbe{28, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type028TemperatureProbe));
 
 } // namespace Protocol::SMBIOS::Catalogue

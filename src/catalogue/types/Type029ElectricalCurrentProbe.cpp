@@ -1,6 +1,7 @@
 // Type 29, Electrical Current Probe.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -35,20 +36,19 @@ constexpr Part LocationAndStatusParts[] = {
 
 constexpr Field Fields[] = {
     {0x04, "Description",       StringReference, String,  V2_2, "what the probe measures or where it sits"},
-    {0x05, "LocationAndStatus", 1,               Decimal, V2_2, "place and state",                                                                        Packed(LocationAndStatusParts)},
-    {0x06, "MaximumValue",      2,               Signed,  V2_2, "highest readable current in milliamperes; 8000h if unknown"},
-    {0x08, "MinimumValue",      2,               Signed,  V2_2, "lowest readable current in milliamperes; 8000h if unknown"},
-    {0x0A, "Resolution",        2,               Decimal, V2_2, "resolution in tenths of a milliampere; 8000h if unknown"},
-    {0x0C, "Tolerance",         2,               Signed,  V2_2, "tolerance in plus or minus milliamperes; 8000h if unknown"},
-    {0x0E, "Accuracy",          2,               Decimal, V2_2, "accuracy in plus or minus hundredths of a percent; 8000h if unknown"},
+    {0x05, "LocationAndStatus", 1,               Decimal, V2_2, "place and state",                                       Packed(LocationAndStatusParts)},
+    {0x06, "MaximumValue",      2,               Signed,  V2_2, "highest readable current",                              In(Unit::Milliamperes).Except(UnknownIf8000)},
+    {0x08, "MinimumValue",      2,               Signed,  V2_2, "lowest readable current",                               In(Unit::Milliamperes).Except(UnknownIf8000)},
+    {0x0A, "Resolution",        2,               Decimal, V2_2, "resolution",                                            In(Unit::TenthsOfMilliampere).Except(UnknownIf8000)},
+    {0x0C, "Tolerance",         2,               Signed,  V2_2, "tolerance (plus or minus)",                             In(Unit::Milliamperes).Except(UnknownIf8000)},
+    {0x0E, "Accuracy",          2,               Decimal, V2_2, "accuracy (plus or minus)",                              In(Unit::HundredthsOfPercent).Except(UnknownIf8000)},
     {0x10, "OEMDefined",        4,               Decimal, V2_2, "value of the OEM or firmware vendor"},
-    {0x14, "NominalValue",      2,               Signed,  V2_2, "nominal current in milliamperes; 8000h if unknown; only in a structure longer than 14h"},
+    {0x14, "NominalValue",      2,               Signed,  V2_2, "nominal current (only in a structure longer than 14h)", In(Unit::Milliamperes).Except(UnknownIf8000)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type029ElectricalCurrentProbe{29, Instances::Indexed, Later, Fields};
+constexpr Type Type029ElectricalCurrentProbe{29, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type029ElectricalCurrentProbe));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -15,10 +15,9 @@ constexpr Field Fields[] = {
     {0x05, "Connections",      1,               Decimal, V2_2, "permitted connections",                      Bits(8, ConnectionsRows)},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type030OutOfBandRemoteAccess{30, Instances::Indexed, Later, Fields};
+constexpr Type Type030OutOfBandRemoteAccess{30, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type030OutOfBandRemoteAccess));
 
 } // namespace Protocol::SMBIOS::Catalogue

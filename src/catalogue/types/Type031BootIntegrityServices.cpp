@@ -20,10 +20,9 @@ constexpr Field Fields[] = {
     {0x18, "Reserved4",    4, Hex,     V2_3, "4 reserved bytes"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type031BootIntegrityServices{31, Instances::Indexed, Later, Fields};
+constexpr Type Type031BootIntegrityServices{31, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type031BootIntegrityServices));
 
 } // namespace Protocol::SMBIOS::Catalogue

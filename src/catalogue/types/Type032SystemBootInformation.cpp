@@ -22,8 +22,6 @@ constexpr Field Fields[] = {
     {0x0A, "BootStatus", 10, Hex, V2_3, "boot status and further data"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Field CodeFields[] = {
     {0x0A, "BootStatusCode", 1, Decimal, V2_3, "the first byte of `BootStatus`, which many structures hold alone", Enumeration(BootStatusCodeRows)},
 };
@@ -32,10 +30,9 @@ constexpr Section Sections[] = {
     FieldsOf(CodeFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type032SystemBootInformation{32, Instances::Shared, V2_3, Fields, Sections};
+constexpr Type Type032SystemBootInformation{32, Instances::Shared, V2_3, Fields, Sections};
+static_assert(IsWellFormed(Type032SystemBootInformation));
 
 } // namespace Protocol::SMBIOS::Catalogue

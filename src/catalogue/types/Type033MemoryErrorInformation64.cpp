@@ -1,6 +1,7 @@
 // Type 33, 64-bit Memory Error Information.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -37,20 +38,21 @@ constexpr Row ErrorOperationRows[] = {
     {0x05, "Partial Write"},
 };
 
-constexpr Field Fields[] = {
-    {0x04, "ErrorType",               1, Decimal,  V2_3, "kind of error",                                                    Enumeration(ErrorTypeRows)},
-    {0x05, "ErrorGranularity",        1, Decimal,  V2_3, "granularity",                                                      Enumeration(ErrorGranularityRows)},
-    {0x06, "ErrorOperation",          1, Decimal,  V2_3, "operation that failed",                                            Enumeration(ErrorOperationRows)},
-    {0x07, "VendorSyndrome",          4, Decimal,  V2_3, "vendor syndrome; 0 if unknown"},
-    {0x0B, "MemoryArrayErrorAddress", 8, Unsigned, V2_3, "address in the array; 8000000000000000h if unknown"},
-    {0x13, "DeviceErrorAddress",      8, Unsigned, V2_3, "address in the device; 8000000000000000h if unknown"},
-    {0x1B, "ErrorResolution",         4, Decimal,  V2_3, "range in bytes within which the error lies; 80000000h if unknown"},
-};
+constexpr Row AddressSpecials[] = {{0x8000000000000000, "unknown"}};
 
-static_assert(IsWellFormed(Fields));
+constexpr Field Fields[] = {
+    {0x04, "ErrorType",               1, Decimal,  V2_3, "kind of error",                    Enumeration(ErrorTypeRows)},
+    {0x05, "ErrorGranularity",        1, Decimal,  V2_3, "granularity",                      Enumeration(ErrorGranularityRows)},
+    {0x06, "ErrorOperation",          1, Decimal,  V2_3, "operation that failed",            Enumeration(ErrorOperationRows)},
+    {0x07, "VendorSyndrome",          4, Decimal,  V2_3, "vendor syndrome",                  Plain.Except(UnknownIf0)},
+    {0x0B, "MemoryArrayErrorAddress", 8, Unsigned, V2_3, "address in the array",             Plain.Except(AddressSpecials)},
+    {0x13, "DeviceErrorAddress",      8, Unsigned, V2_3, "address in the device",            Plain.Except(AddressSpecials)},
+    {0x1B, "ErrorResolution",         4, Decimal,  V2_3, "range (the error lies within it)", In(Unit::Bytes).Except(UnknownIf80000000)},
+};
 
 } // namespace
 
-const Type Type033MemoryErrorInformation64{33, Instances::Indexed, Later, Fields};
+constexpr Type Type033MemoryErrorInformation64{33, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type033MemoryErrorInformation64));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -36,10 +36,9 @@ constexpr Field Fields[] = {
     {0x0A, "AddressType", 1,               Decimal, V2_3, "how `Address` is reached",            Enumeration(AddressTypeRows)},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type034ManagementDevice{34, Instances::Indexed, Later, Fields};
+constexpr Type Type034ManagementDevice{34, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type034ManagementDevice));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -18,21 +18,18 @@ constexpr Field Fields[] = {
     {0x06, "MemoryDeviceCount",  1, Decimal, V2_3, "number of devices on the channel"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Field MemoryDeviceFields[] = {
     {0x00, "MemoryDeviceLoad",   1, Decimal, V2_3, "load of the device"},
-    {0x01, "MemoryDeviceHandle", 2, Decimal, V2_3, "handle of the Type 17 structure"},
+    {0x01, "MemoryDeviceHandle", 2, Decimal, V2_3, "the device",         HandleOf(17)},
 };
 
 constexpr Section Sections[] = {
     Group("MemoryDevice", 0x07, CountAt(0x06), BytesEach(3), MemoryDeviceFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type037MemoryChannel{37, Instances::Indexed, Later, Fields, Sections};
+constexpr Type Type037MemoryChannel{37, Instances::Indexed, Later, Fields, Sections};
+static_assert(IsWellFormed(Type037MemoryChannel));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -43,29 +43,30 @@ constexpr Part BaseAddressModifierInterruptInfoParts[] = {
     {"RegisterSpacing",      6, 7, Enumeration(RegisterSpacingRows)},
 };
 
+constexpr Row NVStoreAddrSpecials[] = {{0xFF, "none"}};
+
+constexpr Row InterruptNumberSpecials[] = {{0, "not specified or not supported"}};
+
 constexpr Field Fields[] = {
-    {0x04, "InterfaceType", 1, Decimal, V2_3, "interface of the management controller",               Enumeration(InterfaceTypeRows)},
-    {0x05, "IPMISpecRev",   1, Decimal, V2_3, "revision of the IPMI specification",                   DecodedBy(TableKind::IPMISpecRev)},
+    {0x04, "InterfaceType", 1, Decimal, V2_3, "interface of the management controller",     Enumeration(InterfaceTypeRows)},
+    {0x05, "IPMISpecRev",   1, Decimal, V2_3, "revision of the IPMI specification",         DecodedBy(TableKind::IPMISpecRev)},
     {0x06, "I2CSlaveAddr",  1, Decimal, V2_3, "slave address on the I2C bus"},
-    {0x07, "NVStoreAddr",   1, Decimal, V2_3, "address of the non-volatile storage device; FFh none"},
+    {0x07, "NVStoreAddr",   1, Decimal, V2_3, "address of the non-volatile storage device", Plain.Except(NVStoreAddrSpecials)},
     {0x08, "BaseAddress",   8, Decimal, V2_3, "base address of the interface"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Field LaterFields[] = {
     {0x10, "BaseAddressModifierInterruptInfo", 1, Decimal, V2_4, "register spacing, lowest address bit and interrupt line; 0 for SSIF", Packed(BaseAddressModifierInterruptInfoParts)},
-    {0x11, "InterruptNumber",                  1, Decimal, V2_4, "interrupt number; 0 if not specified or not supported"},
+    {0x11, "InterruptNumber",                  1, Decimal, V2_4, "interrupt number",                                                    Plain.Except(InterruptNumberSpecials)},
 };
 
 constexpr Section Sections[] = {
     FieldsOf(LaterFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type038IpmiDevice{38, Instances::Shared, V2_3, Fields, Sections};
+constexpr Type Type038IpmiDevice{38, Instances::Shared, V2_3, Fields, Sections};
+static_assert(IsWellFormed(Type038IpmiDevice));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -1,6 +1,7 @@
 // Type 39, System Power Supply.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -48,7 +49,7 @@ constexpr Part PowerSupplyCharacteristicsParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "PowerUnitGroup",             1,               Decimal, V2_3, "group of supplies that stand in for one another; 0 if in none"},
+    {0x04, "PowerUnitGroup",             1,               Decimal, V2_3, "group of supplies that stand in for one another", Plain.Except(InNoneIf0)},
     {0x05, "Location",                   StringReference, String,  V2_3, "where the supply sits"},
     {0x06, "DeviceName",                 StringReference, String,  V2_3, "name of the supply"},
     {0x07, "Manufacturer",               StringReference, String,  V2_3, "manufacturer text"},
@@ -56,17 +57,16 @@ constexpr Field Fields[] = {
     {0x09, "AssetTagNumber",             StringReference, String,  V2_3, "asset tag"},
     {0x0A, "ModelPartNumber",            StringReference, String,  V2_3, "part number for ordering"},
     {0x0B, "RevisionLevel",              StringReference, String,  V2_3, "revision text"},
-    {0x0C, "MaxPowerCapacity",           2,               Decimal, V2_3, "greatest sustained output in watts; 8000h if unknown"},
-    {0x0E, "PowerSupplyCharacteristics", 2,               Decimal, V2_3, "kind and state",                                                       Packed(PowerSupplyCharacteristicsParts)},
-    {0x10, "InputVoltageProbeHandle",    2,               Decimal, V2_3, "handle of the Type 26 structure of the input; FFFFh if there is none"},
-    {0x12, "CoolingDeviceHandle",        2,               Decimal, V2_3, "handle of the Type 27 structure; FFFFh if there is none"},
-    {0x14, "InputCurrentProbeHandle",    2,               Decimal, V2_3, "handle of the Type 29 structure of the input; FFFFh if there is none"},
+    {0x0C, "MaxPowerCapacity",           2,               Decimal, V2_3, "greatest sustained output",                       In(Unit::Watts).Except(UnknownIf8000)},
+    {0x0E, "PowerSupplyCharacteristics", 2,               Decimal, V2_3, "kind and state",                                  Packed(PowerSupplyCharacteristicsParts)},
+    {0x10, "InputVoltageProbeHandle",    2,               Decimal, V2_3, "the voltage probe of the input",                  HandleOf(26).Except(NoneIfFFFF)},
+    {0x12, "CoolingDeviceHandle",        2,               Decimal, V2_3, "the cooling device",                              HandleOf(27).Except(NoneIfFFFF)},
+    {0x14, "InputCurrentProbeHandle",    2,               Decimal, V2_3, "the current probe of the input",                  HandleOf(29).Except(NoneIfFFFF)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type039SystemPowerSupply{39, Instances::Indexed, Later, Fields};
+constexpr Type Type039SystemPowerSupply{39, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type039SystemPowerSupply));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -1,6 +1,7 @@
 // Type 41, Onboard Devices Extended Information.
 
 #include "catalogue/Types.h"
+#include "catalogue/types/Specials.h"
 
 namespace Protocol::SMBIOS::Catalogue {
 namespace {
@@ -41,17 +42,16 @@ constexpr Part DeviceFunctionNumberParts[] = {
 
 constexpr Field Fields[] = {
     {0x04, "ReferenceDesignation", StringReference, String,  V2_6, "name of the device on the board"},
-    {0x05, "DeviceType",           1,               Decimal, V2_6, "kind of device and whether it is enabled",       Packed(DeviceTypeParts)},
+    {0x05, "DeviceType",           1,               Decimal, V2_6, "kind of device and whether it is enabled",  Packed(DeviceTypeParts)},
     {0x06, "DeviceTypeInstance",   1,               Decimal, V2_6, "number among the devices of the same kind"},
-    {0x07, "SegmentGroupNumber",   2,               Decimal, V2_6, "PCI segment group; FFFFh if not applicable"},
-    {0x09, "BusNumber",            1,               Decimal, V2_6, "PCI bus; FFh if not applicable"},
-    {0x0A, "DeviceFunctionNumber", 1,               Decimal, V2_6, "PCI device and function; FFh if not applicable", Packed(DeviceFunctionNumberParts)},
+    {0x07, "SegmentGroupNumber",   2,               Decimal, V2_6, "PCI segment group",                         Plain.Except(NotApplicableIfFFFF)},
+    {0x09, "BusNumber",            1,               Decimal, V2_6, "PCI bus",                                   Plain.Except(NotApplicableIfFF)},
+    {0x0A, "DeviceFunctionNumber", 1,               Decimal, V2_6, "PCI device and function",                   Packed(DeviceFunctionNumberParts).Except(NotApplicableIfFF)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type041OnboardDevicesExtended{41, Instances::Indexed, Later, Fields};
+constexpr Type Type041OnboardDevicesExtended{41, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type041OnboardDevicesExtended));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -37,10 +37,8 @@ constexpr Field Fields[] = {
     {0x04, "InterfaceType", 1, Decimal, V2_7, "kind of interface", Enumeration(InterfaceTypeRows)},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Field DataFields[] = {
-    {0x05, "InterfaceTypeSpecificDataLength", 1,              Decimal, V3_2, "length in bytes of the data behind it, at least 4"},
+    {0x05, "InterfaceTypeSpecificDataLength", 1,              Decimal, V3_2, "length of the data behind it (at least 4)",                   In(Unit::Bytes)},
     {0x06, "InterfaceTypeSpecificData",       AsSaidAt(0x05), Hex,     V3_2, "data of the interface, in a form that `InterfaceType` fixes"},
 };
 
@@ -49,8 +47,8 @@ constexpr Field BehindInterfaceTypeSpecificDataFields[] = {
 };
 
 constexpr Field ProtocolRecordFields[] = {
-    {0x00, "ProtocolType",                   1,              Decimal, V3_2, "protocol",                                                                         Enumeration(ProtocolTypeRows)},
-    {0x01, "ProtocolTypeSpecificDataLength", 1,              Decimal, V3_2, "length in bytes of the data behind it, this byte and the one before not included"},
+    {0x00, "ProtocolType",                   1,              Decimal, V3_2, "protocol",                                                                 Enumeration(ProtocolTypeRows)},
+    {0x01, "ProtocolTypeSpecificDataLength", 1,              Decimal, V3_2, "length of the data behind it (this byte and the one before not included)", In(Unit::Bytes)},
     {0x02, "ProtocolTypeSpecificData",       AsSaidAt(0x01), Hex,     V3_2, "data of the protocol"},
 };
 
@@ -60,10 +58,9 @@ constexpr Section Sections[] = {
     Group("ProtocolRecord", Behind, CountAt(0x00), AsEachSaysAt(0x01, 2, 1), ProtocolRecordFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type042ManagementControllerHostInterface{42, Instances::Indexed, Later, Fields, Sections, TableVersion{3, 2}};
+constexpr Type Type042ManagementControllerHostInterface{42, Instances::Indexed, Later, Fields, Sections, TableVersion{3, 2}};
+static_assert(IsWellFormed(Type042ManagementControllerHostInterface));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -13,7 +13,7 @@ constexpr Row CharacteristicsRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "VendorID",         4,               Hex,      V3_1, "TCG vendor identifier, four ASCII characters, filled with 00h"},
+    {0x04, "VendorID",         4,               Hex,      V3_1, "TCG vendor identifier of four characters (filled with 00h)",                                                                       In(Unit::Ascii)},
     {0x08, "MajorSpecVersion", 1,               Decimal,  V3_1, "major TPM version"},
     {0x09, "MinorSpecVersion", 1,               Decimal,  V3_1, "minor TPM version"},
     {0x0A, "FirmwareVersion1", 4,               Decimal,  V3_1, "firmware version; for major version 2 the upper 32 bits of the vendor's value, for major version 1 the four bytes of TPM_VERSION"},
@@ -23,10 +23,9 @@ constexpr Field Fields[] = {
     {0x1B, "OEMDefined",       4,               Decimal,  V3_1, "value of the OEM or firmware vendor"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type043TpmDevice{43, Instances::Indexed, Later, Fields};
+constexpr Type Type043TpmDevice{43, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type043TpmDevice));
 
 } // namespace Protocol::SMBIOS::Catalogue

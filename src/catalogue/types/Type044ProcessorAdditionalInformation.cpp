@@ -20,16 +20,15 @@ constexpr Row ProcessorTypeRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "ReferencedHandle",      2,              Decimal, V3_3, "handle of the Type 4 structure that this one adds to"},
-    {0x06, "BlockLength",           1,              Decimal, V3_3, "length in bytes of the data of the processor-specific block, its two head bytes not included"},
-    {0x07, "ProcessorType",         1,              Decimal, V3_3, "architecture that the block belongs to",                                                       Enumeration(ProcessorTypeRows)},
+    {0x04, "ReferencedHandle",      2,              Decimal, V3_3, "the one that this one adds to",                                                        HandleOf(4)},
+    {0x06, "BlockLength",           1,              Decimal, V3_3, "length of the data of the processor-specific block (its two head bytes not included)", In(Unit::Bytes)},
+    {0x07, "ProcessorType",         1,              Decimal, V3_3, "architecture that the block belongs to",                                               Enumeration(ProcessorTypeRows)},
     {0x08, "ProcessorSpecificData", AsSaidAt(0x06), Hex,     V3_3, "data in the form of that architecture"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 } // namespace
 
-const Type Type044ProcessorAdditionalInformation{44, Instances::Indexed, Later, Fields};
+constexpr Type Type044ProcessorAdditionalInformation{44, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type044ProcessorAdditionalInformation));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -33,6 +33,8 @@ constexpr Row StateRows[] = {
     {0x08, "UnavailableOffline"},
 };
 
+constexpr Row ImageSizeSpecials[] = {{AllOnes, "unknown"}};
+
 constexpr Field Fields[] = {
     {0x04, "FirmwareComponentName",          StringReference, String,   V3_5, "name of the firmware"},
     {0x05, "FirmwareVersion",                StringReference, String,   V3_5, "version text, in the form of `VersionFormat`"},
@@ -42,26 +44,23 @@ constexpr Field Fields[] = {
     {0x09, "ReleaseDate",                    StringReference, String,   V3_5, "release date text"},
     {0x0A, "Manufacturer",                   StringReference, String,   V3_5, "maker of the firmware"},
     {0x0B, "LowestSupportedFirmwareVersion", StringReference, String,   V3_5, "oldest version that it can be rolled back to, in the form of `VersionFormat`"},
-    {0x0C, "ImageSize",                      8,               Unsigned, V3_5, "size of the image in bytes; FFFFFFFFFFFFFFFFh if unknown"},
+    {0x0C, "ImageSize",                      8,               Unsigned, V3_5, "size of the image",                                                            In(Unit::Bytes).Except(ImageSizeSpecials)},
     {0x14, "Characteristics",                2,               Decimal,  V3_5, "characteristics",                                                              Bits(16, CharacteristicsRows)},
     {0x16, "State",                          1,               Decimal,  V3_5, "state of the firmware",                                                        Enumeration(StateRows)},
     {0x17, "NumberOfAssociatedComponents",   1,               Decimal,  V3_5, "number of handles behind it"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Field AssociatedComponentFields[] = {
-    {0x00, "AssociatedComponentHandle", 2, Decimal, V3_5, "handle of a structure whose device runs the firmware"},
+    {0x00, "AssociatedComponentHandle", 2, Decimal, V3_5, "one whose device runs the firmware", HandleOf()},
 };
 
 constexpr Section Sections[] = {
     Group("AssociatedComponent", 0x18, CountAt(0x17), BytesEach(2), AssociatedComponentFields),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type045FirmwareInventory{45, Instances::Indexed, Later, Fields, Sections};
+constexpr Type Type045FirmwareInventory{45, Instances::Indexed, Later, Fields, Sections};
+static_assert(IsWellFormed(Type045FirmwareInventory));
 
 } // namespace Protocol::SMBIOS::Catalogue

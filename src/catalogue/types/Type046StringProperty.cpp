@@ -11,15 +11,14 @@ constexpr Row StringPropertyIDRows[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "StringPropertyID",    2,               Decimal, V3_5, "which property the text gives",                 Enumeration(StringPropertyIDRows)},
+    {0x04, "StringPropertyID",    2,               Decimal, V3_5, "which property the text gives", Enumeration(StringPropertyIDRows)},
     {0x06, "StringPropertyValue", StringReference, String,  V3_5, "text of the property"},
-    {0x07, "ParentHandle",        2,               Decimal, V3_5, "handle of the structure that has the property"},
+    {0x07, "ParentHandle",        2,               Decimal, V3_5, "the one that has the property", HandleOf()},
 };
-
-static_assert(IsWellFormed(Fields));
 
 } // namespace
 
-const Type Type046StringProperty{46, Instances::Indexed, Later, Fields};
+constexpr Type Type046StringProperty{46, Instances::Indexed, Later, Fields};
+static_assert(IsWellFormed(Type046StringProperty));
 
 } // namespace Protocol::SMBIOS::Catalogue

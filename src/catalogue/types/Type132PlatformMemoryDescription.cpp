@@ -7,14 +7,12 @@ namespace {
 
 constexpr Field Fields[] = {
     {0x04, "Address",  4, Decimal, V2_7, "physical address of the block of SPD data"},
-    {0x08, "Size",     4, Decimal, V2_7, "its size in bytes"},
+    {0x08, "Size",     4, Decimal, V2_7, "its size",                                  In(Unit::Bytes)},
     {0x0C, "Socket",   1, Decimal, V2_7, "socket of the memory device"},
     {0x0D, "Channel",  1, Decimal, V2_7, "memory channel"},
     {0x0E, "DimmSlot", 1, Decimal, V2_7, "DIMM slot"},
     {0x0F, "Reserved", 1, Decimal, V2_7, "reserved byte"},
 };
-
-static_assert(IsWellFormed(Fields));
 
 // Other platforms use the number for structures of their own.
 constexpr Field DataFields[] = {
@@ -26,10 +24,9 @@ constexpr Section Sections[] = {
     StringList("String"),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type132PlatformMemoryDescription{132, Instances::Indexed, V2_7, Fields, Sections};
+constexpr Type Type132PlatformMemoryDescription{132, Instances::Indexed, V2_7, Fields, Sections};
+static_assert(IsWellFormed(Type132PlatformMemoryDescription));
 
 } // namespace Protocol::SMBIOS::Catalogue

@@ -7,10 +7,8 @@ namespace {
 
 constexpr Field Fields[] = {
     {0x04, "Address", 4, Decimal, V2_7, "physical address of the reserved memory"},
-    {0x08, "Size",    4, Decimal, V2_7, "its size in bytes"},
+    {0x08, "Size",    4, Decimal, V2_7, "its size",                                In(Unit::Bytes)},
 };
-
-static_assert(IsWellFormed(Fields));
 
 // Other platforms use the number for structures of their own.
 constexpr Field DataFields[] = {
@@ -22,10 +20,9 @@ constexpr Section Sections[] = {
     StringList("String"),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type Type133PlatformReservedMemory{133, Instances::Shared, V2_7, Fields, Sections};
+constexpr Type Type133PlatformReservedMemory{133, Instances::Shared, V2_7, Fields, Sections};
+static_assert(IsWellFormed(Type133PlatformReservedMemory));
 
 } // namespace Protocol::SMBIOS::Catalogue

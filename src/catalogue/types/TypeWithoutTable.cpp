@@ -9,16 +9,13 @@ constexpr Field Fields[] = {
     {0x04, "Data", RestOfRecord, Hex, V2_0, "all bytes behind the header"},
 };
 
-static_assert(IsWellFormed(Fields));
-
 constexpr Section Sections[] = {
     StringList("String"),
 };
 
-static_assert(IsWellFormed(Sections));
-
 } // namespace
 
-const Type TypeWithoutTable{0, Instances::Indexed, Later, Fields, Sections};
+constexpr Type TypeWithoutTable{0, Instances::Indexed, Later, Fields, Sections};
+static_assert(IsWellFormed(TypeWithoutTable));
 
 } // namespace Protocol::SMBIOS::Catalogue
