@@ -39,8 +39,10 @@ private:
     std::string_view Text(const Catalogue::Row* rows, std::size_t count, unsigned long long value) const
     {
         const Catalogue::Row* const end = rows + count;
-        const Catalogue::Row* row = std::lower_bound(
-            rows, end, value, [](const Catalogue::Row& each, unsigned long long wanted) { return each.Value < wanted; });
+        const Catalogue::Row* row =
+            std::lower_bound(rows, end, value, [](const Catalogue::Row& each, unsigned long long wanted) {
+                return each.Value < wanted;
+            });
         while (row != end && row->Value == value && !row->Has(Revision))
             ++row;
         return row != end && row->Value == value ? std::string_view(row->Text) : std::string_view();
