@@ -51,7 +51,10 @@ std::uint32_t HashOf(std::string_view text)
 std::uint64_t StartOf(std::string_view text)
 {
     unsigned char characters[sizeof(std::uint64_t)] = {};
-    std::memcpy(characters, text.data(), std::min(text.size(), sizeof characters));
+    if (text.size() >= sizeof characters)
+        std::memcpy(characters, text.data(), sizeof characters); // of a known length: one load
+    else
+        std::memcpy(characters, text.data(), text.size());
     std::uint64_t start = 0;
     for (const unsigned char character : characters)
         start = start << 8 | character;
