@@ -10,7 +10,7 @@ std::vector<Images::Bytes> ImagesOf(const std::string& file)
     std::vector<Images::Bytes> images;
     for (const auto& [name, text] : Cases::Of(file)) {
         std::string table = Cases::Given(text);
-        for (const char* word : {"root", "show", "sample", "reading", "as", "largest", "live"})
+        for (const char* word : {"root", "whole", "sample", "reading", "as", "largest", "live"})
             Cases::TakeLines(table, word);
         if (!Cases::TakeLines(table, "Nx").empty())
             continue;

@@ -228,7 +228,10 @@ void ReadStatement(State& state, Reader line, std::size_t tableLength)
 State Read(const std::string& text, std::size_t tableLength)
 {
     State state;
-    std::istringstream lines(text);
+    std::string parted = text;
+    for (std::size_t at = 0; (at = parted.find(" | ", at)) != std::string::npos;)
+        parted.replace(at, 3, "\n");
+    std::istringstream lines(parted);
     for (std::string line; std::getline(lines, line);) {
         try {
             const std::size_t end = line.find_first_not_of("0123456789");

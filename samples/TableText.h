@@ -1,4 +1,4 @@
-// Tables as a person writes them, a statement a line:
+// Tables as a person writes them, a statement a line, or several with " | " between them:
 //
 //   4 0x0400: "CPU 1" 3 @0x18 0x41 w:0x0700   a structure: type, handle, fields
 //   end                                       the end structure

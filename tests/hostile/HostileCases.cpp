@@ -25,6 +25,10 @@ constexpr std::size_t MaxMemory = 448U << 20;     ///< with the result of a sear
 constexpr std::size_t MaxOfAnObject = 144U << 20; ///< without
 constexpr std::size_t MaxAllocations = std::size_t{8} * Protocol::SMBIOS::TreeTooLarge::MaxWrites;
 
+constexpr const char* TooLarge =
+    "the SMBIOS table would make a tree of more than 1,048,576 writes: it is damaged, or "
+    "made to exhaust memory"; ///< in the cases "too large"
+
 // What a search may allocate: for each node its place in the map, its path and its list, and each item's
 // text.
 std::size_t MaxForSearch(const SearchResult& tree)
@@ -56,7 +60,8 @@ std::string Measured(const std::function<ObjectOwner()>& make)
             outcome += "construction takes too much memory\n";
         outcome += Searched(*object);
     } catch (const Protocol::SMBIOS::TreeTooLarge& refusal) {
-        outcome += std::string(refusal.what()) + "\n";
+        outcome +=
+            std::string(refusal.what()) == TooLarge ? "too large\n" : std::string(refusal.what()) + "\n";
     }
     if (CountingNew::Held - own != held)
         outcome += "memory stays behind\n";
@@ -95,11 +100,11 @@ std::string Tried(const std::string& table, const std::vector<std::string>& live
 std::string Replayed(const std::string& text)
 {
     std::string table = Cases::Given(text);
-    std::string result = table + "->\n";
+    std::string outcomes;
     const auto largest = Cases::TakeLines(table, "largest"), live = Cases::TakeLines(table, "live");
     const bool isNewest = !Cases::TakeLines(table, "reading").empty();
     if (largest.empty())
-        return result + Tried(table, live, isNewest ? "newest" : "2.7");
+        outcomes = Tried(table, live, isNewest ? "newest" : "2.7");
     for (const std::string& each : largest) {
         const std::size_t of = each.find(" of ");
         const std::string version = of == std::string::npos ? "2.7" : each.substr(of + 4);
@@ -108,11 +113,14 @@ std::string Replayed(const std::string& text)
             std::string counted = table;
             counted.replace(counted.find("Nx "), 1, std::to_string(count));
             if (isByVersion && live.empty() && of != std::string::npos)
-                counted += "version " + version + "\n";
-            result += Tried(counted, isByVersion ? live : std::vector<std::string>(), version);
+                counted += "\nversion " + version;
+            outcomes += Tried(counted, isByVersion ? live : std::vector<std::string>(), version);
         }
     }
-    return result;
+    outcomes.pop_back();
+    for (std::size_t at = 0; (at = outcomes.find('\n', at)) != std::string::npos; at += 2)
+        outcomes.replace(at, 1, "; ");
+    return Cases::AsGiven(text) + Wrapped("-> " + outcomes);
 }
 
 // What the library makes once a process is made ahead of what is measured.

@@ -3,7 +3,7 @@
 //
 //   sample NAME   the image of samples/NAME.bin
 //   root PATH     where the tree's root stands, in the place of /SMBIOS
-//   show PATH     of the tree, this part alone; one line for each
+//   whole         blank values are shown too
 //   reading WAY   as a TableImage of the bytes, "newest" or "by-version"; else the image constructor has them
 //   as VERSION    that TableImage, with another version
 
@@ -33,9 +33,8 @@ TableImage As(const TableImage& table, const std::string& version)
 std::string Replayed(const std::string& text)
 {
     std::string table = Cases::Given(text);
-    const std::string given = table;
     const auto samples = Cases::TakeLines(table, "sample"), roots = Cases::TakeLines(table, "root");
-    const auto shown = Cases::TakeLines(table, "show");
+    const bool isWhole = !Cases::TakeLines(table, "whole").empty();
     const auto readings = Cases::TakeLines(table, "reading");
     const std::string root = roots.empty() ? "/SMBIOS" : roots[0];
     const auto versions = Cases::TakeLines(table, "as");
@@ -48,7 +47,9 @@ std::string Replayed(const std::string& text)
         return std::make_unique<SMBIOSProtocolImpl>(versions.empty() ? whole : As(whole, versions[0]),
                                                     reading, root);
     };
-    return given + "->\n" + Outcome(make, shown.empty() ? std::vector{root} : shown);
+    const bool isNewest = !readings.empty() && readings[0] == "newest";
+    return Cases::AsGiven(text) +
+           Outcome(make, ShownIn(text, "all"), isWhole ? Blanks() : BlanksOf(isNewest), root);
 }
 
 } // namespace

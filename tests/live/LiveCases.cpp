@@ -13,9 +13,10 @@
 //   locked          another process has the lock
 //   traced          locks are traced
 //   table           the machine's TableImage is asked for, and read with the newest catalogue
-//   show PATH       the tree below PATH
+//   logged          what is logged is shown too
 //
-// A mapping under the lock is one line; of a failure's message the first sentence is there.
+// A mapping is under the lock, but where it says "unlocked"; of a failure's message the first sentence is
+// there.
 
 #include "samples/TableText.h"
 #include "support/Cases.h"
@@ -77,7 +78,7 @@ public:
         Place();
     }
 
-    std::vector<std::string> Shown;
+    bool IsLogged = false;
     bool IsTraced = false;
     bool AsksForTable = false;
 
@@ -95,8 +96,8 @@ private:
                 word == "block" ? &TheMachine.Block : &TheMachine.Memory[std::stoul(address, nullptr, 16)];
         } else if (word == "kept") {
             TheMachine.Kept.insert(std::stoul(line.substr(word.size()), nullptr, 16));
-        } else if (word == "show") {
-            Shown.push_back(line.substr(5));
+        } else if (word == "logged") {
+            IsLogged = true;
         } else if (word == "locked") {
             TheMachine.LockIsFree = false;
         } else if (word == "traced") {
@@ -147,25 +148,34 @@ private:
     std::string Table;
 };
 
-// "lock NAME", "map ADDRESS LENGTH" and "unlock" as "map ADDRESS LENGTH under NAME".
-std::string Joined(std::string events)
+// The calls in a line, each behind the other: "lock NAME", "map ADDRESS LENGTH" and "unlock" as "map ADDRESS
+// LENGTH".
+std::string Joined(const std::string& events, bool isLogged)
 {
-    const std::string lock = "lock GLOBAL_MEMORY_MAPPING\nmap ";
-    for (std::size_t at = 0; (at = events.find(lock, at)) != std::string::npos; ++at) {
-        const std::size_t end = events.find('\n', at + lock.size());
-        if (events.compare(end, 8, "\nunlock\n") != 0)
+    std::vector<std::string> calls;
+    std::istringstream lines(events);
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t count = calls.size();
+        if (line.rfind("log ", 0) == 0 && !isLogged)
             continue;
-        events.replace(end, 7, " under GLOBAL_MEMORY_MAPPING");
-        events.erase(at, lock.size() - 4);
+        if (line == "unlock" && count > 1 && calls[count - 2] == "lock GLOBAL_MEMORY_MAPPING" &&
+            calls.back().rfind("map ", 0) == 0)
+            calls.erase(calls.end() - 2);
+        else
+            calls.push_back(line);
     }
-    return events;
+    std::string text;
+    for (const std::string& call : calls)
+        text += (text.empty() ? "-> calls: " : "; ") + call;
+    return text.empty() ? "" : Wrapped(text);
 }
 
 std::string FirstSentence(const std::string& outcome)
 {
     const std::size_t end = outcome.find(". ");
-    return outcome.rfind("failure", 0) != 0 || end == std::string::npos ? outcome
-                                                                        : outcome.substr(0, end + 1) + "\n";
+    return outcome.rfind("-> failure", 0) != 0 || end == std::string::npos
+               ? outcome
+               : outcome.substr(0, end + 1) + "\n";
 }
 
 std::string ReservedMemory(SMBIOSProtocolImpl& object)
@@ -176,28 +186,28 @@ std::string ReservedMemory(SMBIOSProtocolImpl& object)
     object.GetBiosReservedMem(nullptr, nullptr);
     if (address == 0 && size == 0)
         return {};
-    return "reserved " + std::to_string(address) + " " + std::to_string(size) + "\n";
+    return "-> reserved " + std::to_string(address) + " " + std::to_string(size) + "\n";
 }
 
 // The table's version and size, and its tree.
-std::string TableOutcome(const Scenario& scenario)
+std::string TableOutcome(const std::vector<std::string>& shown)
 {
     std::string table;
     const std::string outcome = Outcome(
         [&] {
             const auto image = TableImage::OfThisMachine();
-            table = "table " + std::to_string(image.Major()) + "." + std::to_string(image.Minor()) + ", " +
+            table = "-> table " + std::to_string(image.Major()) + "." + std::to_string(image.Minor()) + ", " +
                     std::to_string(image.Table().size()) + " bytes\n";
             return std::make_unique<SMBIOSProtocolImpl>(image, Protocol::SMBIOS::Reading::Newest);
         },
-        scenario.Shown);
+        shown, BlanksOf(true));
     return table + outcome;
 }
 
 std::string Replayed(const std::string& text)
 {
-    const std::string given = Cases::Given(text);
-    const Scenario scenario(given);
+    const Scenario scenario(Cases::Given(text));
+    const std::vector<std::string> shown = ShownIn(text, "decoded");
     LOGGER::Logger::CreateInstance().TraceLocks = scenario.IsTraced;
     FakeSystem::Record();
     std::string reserved;
@@ -208,18 +218,19 @@ std::string Replayed(const std::string& text)
         return object;
     };
     std::string outcome =
-        FirstSentence(scenario.AsksForTable ? TableOutcome(scenario) : Outcome(make, scenario.Shown));
+        FirstSentence(scenario.AsksForTable ? TableOutcome(shown) : Outcome(make, shown, BlanksOf(false)));
     refused = ~std::size_t{0};
     if (blocks != before)
-        outcome += std::to_string(blocks - before) + " blocks stay behind\n";
+        outcome += "-> " + std::to_string(blocks - before) + " blocks stay behind\n";
     if (TheMachine.Locks != 0)
-        outcome += "the lock stays behind\n";
-    return given + "->\n" + Joined(TheMachine.Seen) + reserved + outcome;
+        outcome += "-> the lock stays behind\n";
+    return Cases::AsGiven(text) + Joined(TheMachine.Seen, scenario.IsLogged) + reserved + outcome;
 }
 
 } // namespace
 
 int main(int count, char* arguments[])
 {
+    BlanksOf(true); // ahead of what is measured
     return Cases::Run(count, arguments, Replayed);
 }

@@ -49,12 +49,39 @@ void PrintDifference(const std::string& wanted, const std::string& got)
               << (isRight ? other : "(the end)") << '\n';
 }
 
+// A case whose lines "~ STATEMENTS  # NAME" are cases of their own, each behind what stands ahead of them:
+// the outcome stands behind the last of those that have it.
+std::string Replayed(const std::string& text, const Replay& replay)
+{
+    const std::size_t first = ("\n" + text).find("\n~ ");
+    if (first == std::string::npos)
+        return replay(text);
+    std::string before = text.substr(0, first), got = before, last;
+    for (std::size_t at = first; at != std::string::npos && at < text.size();) {
+        const std::size_t end = text.find('\n', at) + 1;
+        const std::string line = text.substr(at, end - at);
+        const std::size_t wanted = text.find("\n->", at), next = text.find("\n~ ", wanted);
+        const std::string given = before + line.substr(2, line.find("  # ") - 2);
+        const std::string shown =
+            wanted == std::string::npos
+                ? ""
+                : text.substr(wanted + 1, next == std::string::npos ? next : next - wanted);
+        const std::string whole = replay(given + (given.back() == '\n' ? "" : "\n") + shown);
+        const std::string outcome = whole.substr(("\n" + whole).find("\n->"));
+        got += (last == outcome ? "" : last) + line;
+        last = outcome;
+        const std::size_t following = ("\n" + text).find("\n~ ", end);
+        at = following;
+    }
+    return got + last;
+}
+
 int RunFile(const std::string& file, bool isUpdate, const Replay& replay)
 {
     std::string text;
     int failures = 0;
     for (const auto& [name, wanted] : Read(file, text)) {
-        const std::string got = Trimmed(replay(Trimmed(wanted)));
+        const std::string got = Trimmed(Replayed(Trimmed(wanted), replay));
         text += NameMark + name + "\n" + got + "\n";
         if (isUpdate || got == Trimmed(wanted))
             continue;
@@ -83,12 +110,32 @@ int Run(int count, char** arguments, const Replay& replay)
 std::vector<std::pair<std::string, std::string>> Of(const std::string& file)
 {
     std::string preface;
-    return Read(file, preface);
+    std::vector<std::pair<std::string, std::string>> each;
+    for (const auto& [name, text] : Read(file, preface)) {
+        const std::size_t first = ("\n" + text).find("\n~ ");
+        std::string line;
+        std::istringstream lines(first == std::string::npos ? "" : text.substr(first));
+        while (std::getline(lines, line)) {
+            if (line.rfind("~ ", 0) == 0)
+                each.emplace_back(name, text.substr(0, first) + line.substr(2, line.find("  # ") - 2));
+        }
+        if (first == std::string::npos)
+            each.emplace_back(name, text);
+    }
+    return each;
 }
 
 std::string Given(const std::string& text)
 {
-    return text.substr(0, text.find("->\n"));
+    std::string given = text.substr(0, ("\n" + text).find("\n->"));
+    for (std::size_t at = 0; (at = given.find(" | ", at)) != std::string::npos;)
+        given.replace(at, 3, "\n");
+    return given;
+}
+
+std::string AsGiven(const std::string& text)
+{
+    return text.substr(0, ("\n" + text).find("\n->"));
 }
 
 std::vector<std::string> TakeLines(std::string& text, const std::string& word)

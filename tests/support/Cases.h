@@ -20,8 +20,10 @@ int Run(int count, char** arguments, const Replay& replay);
 /// The cases of a file by their names, in its order.
 std::vector<std::pair<std::string, std::string>> Of(const std::string& file);
 
-/// A text that has what is done, a line "->", and what comes of it: the first part.
+/// A text that has what is done, and behind "->" what comes of it: the first part, a statement a line; as it
+/// stands, " | " parts statements too.
 std::string Given(const std::string& text);
+std::string AsGiven(const std::string& text);
 
 /// Takes the lines that begin with `word` out of `text`, and gives what stands behind it in each.
 std::vector<std::string> TakeLines(std::string& text, const std::string& word);

@@ -1,7 +1,8 @@
 // Replays the sessions of this folder, which read as a shell has them: "$ COMMAND", the lines "> ..." that go
-// on with it, all that it prints, and "[STATUS]" where that is not 0. Each session runs in an empty folder of
-// its own. make-image, with samples/TableText.h before it or on its standard input, makes images; $TABLES is
-// this folder, $SOURCE the project's.
+// on with it, all that it prints, and "[STATUS]" at the end where that is not 0; a short line stands
+// behind its command and "=>". Each session runs in a folder of its
+// own, which has the image of machine.table alone. make-image, with samples/TableText.h before it or on its
+// standard input, makes images; $TABLES is this folder, $SOURCE the project's.
 
 #include "support/Cases.h"
 
@@ -21,6 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* Script = ".command";
+constexpr const char* Behind = "  => ";
 
 // What the command prints on both streams, and its status.
 std::string Ran(const std::string& command)
@@ -35,7 +37,11 @@ std::string Ran(const std::string& command)
     if (!output.empty() && output.back() != '\n')
         output += "(no line end)\n";
     const int code = WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-    return code == 0 ? output : output + "[" + std::to_string(code) + "]\n";
+    if (code == 0)
+        return output;
+    output.insert(output.size() - (output.empty() ? 0 : 1),
+                  (output.empty() ? "[" : " [") + std::to_string(code) + "]");
+    return output.back() == '\n' ? output : output + "\n";
 }
 
 // The commands of a session, as they stand in it.
@@ -50,9 +56,18 @@ std::vector<std::string> Commands(const std::string& session)
         if (begins)
             commands.emplace_back();
         if (goesOn)
-            commands.back() += line + "\n";
+            commands.back() += line.substr(0, begins ? line.find(Behind) : line.size()) + "\n";
     }
     return commands;
+}
+
+// A short line stands behind its command.
+std::string Shown(const std::string& command, const std::string& output)
+{
+    constexpr std::size_t Width = 118;
+    const bool isShort = command.find('\n') == command.size() - 1 && output.find('\n') == output.size() - 1 &&
+                         command.size() + output.size() + 3 <= Width && !output.empty();
+    return isShort ? command.substr(0, command.size() - 1) + Behind + output : command + output;
 }
 
 std::string WithoutPrompts(const std::string& command)
@@ -81,9 +96,9 @@ std::string Replayed(const std::string& session)
     const fs::path folder = fs::temp_directory_path() / ("smbios-tree-" + std::to_string(std::rand()));
     fs::create_directories(folder);
     fs::current_path(folder);
-    std::string text;
+    std::string text = Ran("make-image $TABLES/machine.table >image");
     for (const std::string& command : Commands(session))
-        text += command + Ran(WithoutPrompts(command));
+        text += Shown(command, Ran(WithoutPrompts(command)));
     fs::current_path(before);
     fs::remove_all(folder);
     return text;
