@@ -3,20 +3,38 @@
 #include "samples/TableText.h"
 #include "support/Cases.h"
 
+#include <sstream>
+
 namespace Seeds {
+
+namespace {
+
+// None of a machine's memory, nor of as many structures as there may be.
+Images::Bytes ImageOf(const std::string& given)
+{
+    std::istringstream lines(given);
+    std::string table;
+    for (std::string line, word; std::getline(lines, line);) {
+        std::istringstream(line) >> word;
+        if (word == "machine" || word == "Nx")
+            return {};
+        if (word != "root" && word != "sample" && word != "reading" && word != "as")
+            table += line + "\n";
+    }
+    return Images::ImageFromText(table);
+}
+
+} // namespace
 
 std::vector<Images::Bytes> ImagesOf(const std::string& file)
 {
     std::vector<Images::Bytes> images;
     for (const auto& [name, text] : Cases::Of(file)) {
-        std::string table = Cases::Given(text);
-        for (const char* word : {"root", "whole", "sample", "reading", "as", "largest", "live"})
-            Cases::TakeLines(table, word);
-        if (!Cases::TakeLines(table, "Nx").empty())
-            continue;
-        const Images::Bytes image = Images::ImageFromText(table);
-        if (image.size() <= LargestImage)
-            images.push_back(image);
+        for (const Cases::Try& each : Cases::TriesOf(text)) {
+            const Images::Bytes image = ImageOf(each.Given);
+            if (!image.empty() && image.size() <= LargestImage)
+                images.push_back(image);
+        }
     }
     return images;
 }

@@ -10,6 +10,7 @@ namespace Cases {
 namespace {
 
 constexpr const char* NameMark = "== ";
+constexpr std::size_t Width = 118;
 
 // The cases behind the lines that stand ahead of the first one, which tell of the file.
 std::vector<std::pair<std::string, std::string>> Read(const std::string& file, std::string& preface)
@@ -49,31 +50,26 @@ void PrintDifference(const std::string& wanted, const std::string& got)
               << (isRight ? other : "(the end)") << '\n';
 }
 
-// A case whose lines "~ STATEMENTS  # NAME" are cases of their own, each behind what stands ahead of them:
-// the outcome stands behind the last of those that have it.
-std::string Replayed(const std::string& text, const Replay& replay)
+// Statements, a line each.
+std::string Parted(const std::string& statements)
 {
-    const std::size_t first = ("\n" + text).find("\n~ ");
-    if (first == std::string::npos)
-        return replay(text);
-    std::string before = text.substr(0, first), got = before, last;
-    for (std::size_t at = first; at != std::string::npos && at < text.size();) {
-        const std::size_t end = text.find('\n', at) + 1;
-        const std::string line = text.substr(at, end - at);
-        const std::size_t wanted = text.find("\n->", at), next = text.find("\n~ ", wanted);
-        const std::string given = before + line.substr(2, line.find("  # ") - 2);
-        const std::string shown =
-            wanted == std::string::npos
-                ? ""
-                : text.substr(wanted + 1, next == std::string::npos ? next : next - wanted);
-        const std::string whole = replay(given + (given.back() == '\n' ? "" : "\n") + shown);
-        const std::string outcome = whole.substr(("\n" + whole).find("\n->"));
-        got += (last == outcome ? "" : last) + line;
-        last = outcome;
-        const std::size_t following = ("\n" + text).find("\n~ ", end);
-        at = following;
-    }
-    return got + last;
+    std::string lines = statements;
+    for (std::size_t at = 0; (at = lines.find(" | ", at)) != std::string::npos;)
+        lines.replace(at, 3, "\n");
+    return lines + "\n";
+}
+
+// The blank in a line that is too long where it may go on in the next: behind a ";", or else any.
+std::size_t PlaceToBreak(const std::string& text, std::size_t begin)
+{
+    const std::size_t value = text.rfind("; ", begin + Width - 1);
+    if (value != std::string::npos && value > begin + Width / 2)
+        return value + 1;
+    std::size_t end = begin + Width;
+    do {
+        end = text.rfind(' ', end - 1);
+    } while (end != std::string::npos && (text[end - 1] == ' ' || text[end + 1] == ' '));
+    return end == std::string::npos || end <= begin + 4 ? std::string::npos : end;
 }
 
 int RunFile(const std::string& file, bool isUpdate, const Replay& replay)
@@ -81,7 +77,7 @@ int RunFile(const std::string& file, bool isUpdate, const Replay& replay)
     std::string text;
     int failures = 0;
     for (const auto& [name, wanted] : Read(file, text)) {
-        const std::string got = Trimmed(Replayed(Trimmed(wanted), replay));
+        const std::string got = Trimmed(replay(Trimmed(wanted)));
         text += NameMark + name + "\n" + got + "\n";
         if (isUpdate || got == Trimmed(wanted))
             continue;
@@ -110,46 +106,58 @@ int Run(int count, char** arguments, const Replay& replay)
 std::vector<std::pair<std::string, std::string>> Of(const std::string& file)
 {
     std::string preface;
-    std::vector<std::pair<std::string, std::string>> each;
-    for (const auto& [name, text] : Read(file, preface)) {
-        const std::size_t first = ("\n" + text).find("\n~ ");
-        std::string line;
-        std::istringstream lines(first == std::string::npos ? "" : text.substr(first));
-        while (std::getline(lines, line)) {
-            if (line.rfind("~ ", 0) == 0)
-                each.emplace_back(name, text.substr(0, first) + line.substr(2, line.find("  # ") - 2));
-        }
-        if (first == std::string::npos)
-            each.emplace_back(name, text);
-    }
-    return each;
+    return Read(file, preface);
 }
 
-std::string Given(const std::string& text)
+std::vector<Try> TriesOf(const std::string& text)
 {
-    std::string given = text.substr(0, ("\n" + text).find("\n->"));
-    for (std::size_t at = 0; (at = given.find(" | ", at)) != std::string::npos;)
-        given.replace(at, 3, "\n");
-    return given;
-}
-
-std::string AsGiven(const std::string& text)
-{
-    return text.substr(0, ("\n" + text).find("\n->"));
-}
-
-std::vector<std::string> TakeLines(std::string& text, const std::string& word)
-{
+    std::vector<Try> tries(1);
+    std::string always;
     std::istringstream lines(text);
-    std::vector<std::string> taken;
-    text.clear();
     for (std::string line; std::getline(lines, line);) {
-        if (line.rfind(word, 0) == 0)
-            taken.push_back(line.substr(std::min(line.size(), word.size() + 1)));
-        else
-            text += line + "\n";
+        Try* now = &tries.back();
+        const bool goesOn = line.rfind("    ", 0) == 0;
+        if (goesOn && !now->Outcomes.empty()) {
+            now->Outcomes.back() += line.substr(3);
+            continue;
+        }
+        const std::size_t arrow = line.rfind("-> ", 0) == 0 ? 0 : line.find(" -> ");
+        std::string statements = line.substr(0, arrow);
+        statements.erase(statements.find_last_not_of(' ') + 1);
+        if (!statements.empty() && !now->Outcomes.empty()) {
+            now = &tries.emplace_back();
+            now->Given = always;
+        }
+        if (statements.rfind("with ", 0) == 0)
+            always += Parted(statements = statements.substr(5));
+        if (goesOn)
+            now->Given.pop_back();
+        now->Given += Parted(statements);
+        now->Text += line.substr(0, arrow) + (arrow == std::string::npos ? "\n" : arrow == 0 ? "" : " ");
+        if (arrow != std::string::npos)
+            now->Outcomes.push_back(line.substr(arrow + (arrow == 0 ? 3 : 4)));
     }
-    return taken;
+    return tries;
+}
+
+std::string TextOf(const Try& each, const std::vector<std::string>& outcomes)
+{
+    std::string text = each.Text;
+    for (const std::string& outcome : outcomes) {
+        const std::size_t start = text.rfind('\n') + 1; // 0 where there is none
+        if (start != text.size() && text.size() - start + 3 + outcome.size() > Width)
+            text.replace(text.find_last_not_of(' ') + 1, std::string::npos, "\n");
+        text += "-> " + outcome;
+        for (std::size_t begin = text.rfind('\n') + 1, end = 0; text.size() - begin > Width;
+             begin = end + 1) {
+            end = PlaceToBreak(text, begin);
+            if (end == std::string::npos)
+                break;
+            text.replace(end, 1, "\n    ");
+        }
+        text += "\n";
+    }
+    return text;
 }
 
 } // namespace Cases

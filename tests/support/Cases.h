@@ -20,12 +20,20 @@ int Run(int count, char** arguments, const Replay& replay);
 /// The cases of a file by their names, in its order.
 std::vector<std::pair<std::string, std::string>> Of(const std::string& file);
 
-/// A text that has what is done, and behind "->" what comes of it: the first part, a statement a line; as it
-/// stands, " | " parts statements too.
-std::string Given(const std::string& text);
-std::string AsGiven(const std::string& text);
+/// Something that is done in a case, and what the case says comes of it.
+struct Try {
+    std::string Text;                  ///< as it stands there, up to the first "-> "
+    std::string Given;                 ///< what is done, a statement a line
+    std::vector<std::string> Outcomes; ///< what stands behind each "-> "
+};
 
-/// Takes the lines that begin with `word` out of `text`, and gives what stands behind it in each.
-std::vector<std::string> TakeLines(std::string& text, const std::string& word);
+/// What a case's text tries, one behind the other: statements, parted by line ends or " | ", and outcomes,
+/// each behind "-> " in a line of its own or at the end of the last statement's. Statements behind an outcome
+/// begin anew, but for those of a line "with STATEMENTS", which stand ahead of all. A line that begins with
+/// four blanks goes on with the one before.
+std::vector<Try> TriesOf(const std::string& text);
+
+/// The text of a try with these outcomes, in lines of at most 118 characters as far as blanks part them.
+std::string TextOf(const Try& each, const std::vector<std::string>& outcomes);
 
 } // namespace Cases

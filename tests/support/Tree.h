@@ -8,7 +8,6 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -24,34 +23,16 @@ SearchResult Everything(SMBIOSProtocolImpl& object, const std::string& path = "/
 
 bool AreEqual(const SearchResult& left, const SearchResult& right);
 
-/// What a tree is shown beside: the values of structures that are all zeros, by the names of their fields. A
-/// value that is one of these is not shown but counted; tests/image/blank.txt shows them all.
-using Blanks = std::map<std::string, std::set<std::string>>;
-
-/// Those of the catalogue of 2.7, or of the newest.
-const Blanks& BlanksOf(bool isNewest);
-
-/// The subtrees at `paths` for a person, each as "-> PATH: a; b; c", in lines of at most 118 characters;
-/// paths stand below the root, which is "all":
+/// What a person asks of an object's tree, with the answer, so that an answer is a question too:
 ///
-///   Name: value                         a leaf; a number that stands beside its text follows as "(raw 3)"
-///   Name {a; b}                         an inner node
-///   Name: 3 bits: One, Other            an inner node whose children are all "Supported" or not: those that
-///   are +7                                  as many more are blank 2 again children that are listed a second
-///   time 2 listed                            children that a leaf lists Name, without a node a child that
-///   the search does not give
-///
-/// A type without structures is not shown, but where no type has any.
-std::string TreeText(SMBIOSProtocolImpl& object, const std::string& root,
-                     const std::vector<std::string>& paths, const Blanks& blanks);
-
-/// The paths that a case's text shows; where it shows none, `usual`.
-std::vector<std::string> ShownIn(const std::string& text, const std::string& usual);
-
-/// Lines that are parted at ";" or ",". What has an index, and '\n' behind it, begins one where it does not
-/// fit.
-std::string Wrapped(const std::string& text);
-
-/// The tree of what `make` gives at `paths`, or how it is refused.
-std::string Outcome(const std::function<ObjectOwner()>& make, const std::vector<std::string>& paths,
-                    const Blanks& blanks, const std::string& root = "/SMBIOS");
+///   PATH = TEXT             a leaf; "none" where there is no node. Paths stand below the root, or begin with
+///   "/" PATH = {A, B, C}        an inner node has these children; of more than eight the first and the last
+///   are named,
+///                           and those that are listed again are counted
+///   PATH = 5 bits: A, B     an inner node with a child for each bit: these are set
+///   PATH: A = TEXT; B = ... several of these below one node
+///   sums: A 3 12345678; ... of each child of the root how many leaves are below it, and a sum over the paths
+///   and
+///                           texts of all of them, in their order
+///   tree                    all leaves, a line each
+std::string Answer(SMBIOSProtocolImpl& object, const std::string& root, const std::string& question);
