@@ -1,11 +1,15 @@
 // What holds for every table: for those of the files with cases, `tests-properties FILE...`, for the samples
 // in every version, and for one that is cut off at many lengths. Ends at a property that does not hold.
+//
+// `tests-properties --seeds FOLDER FILE...` writes the small tables of the files there, for the fuzzer.
 
 #include "Properties.h"
 #include "Seeds.h"
 #include "samples/Machines.h"
 
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 
 namespace {
 
@@ -36,10 +40,29 @@ void CheckLengths(const Images::Bytes& sample)
     }
 }
 
+void WriteSeeds(const std::filesystem::path& folder, const std::vector<Images::Bytes>& images)
+{
+    constexpr std::size_t LargestSeed = 1'024; // most of what can go wrong fits into less
+    static unsigned int number = 0;
+    std::filesystem::create_directories(folder);
+    for (const Images::Bytes& image : images) {
+        for (const Images::Bytes& input :
+             Seeds::InputsOf(image.size() > LargestSeed ? Images::Bytes() : image))
+            std::ofstream(folder / ("seed-" + std::to_string(number++)), std::ios::binary)
+                .write(reinterpret_cast<const char*>(input.data()),
+                       static_cast<std::streamsize>(input.size()));
+    }
+}
+
 } // namespace
 
 int main(int count, char* arguments[])
 {
+    if (count > 2 && std::string(arguments[1]) == "--seeds") {
+        for (int i = 3; i < count; ++i)
+            WriteSeeds(arguments[2], Seeds::ImagesOf(arguments[i]));
+        return 0;
+    }
     CheckVersions(Images::TwoSocketServer());
     CheckVersions(Images::Desktop());
     CheckLengths(Images::TwoSocketServer());

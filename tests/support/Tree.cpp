@@ -96,24 +96,24 @@ std::string Text(NodeView node)
 }
 
 // A line for each leaf below the children, and a list of those of a node that has none or some again.
-std::string Lines(NodeView node) // NOLINT(misc-no-recursion)
+std::string Lines(NodeView node, const std::string& root) // NOLINT(misc-no-recursion)
 {
-    std::string lines;
+    const std::string path(node.Path().substr(root.size()));
     const auto children = node.DistinctChildren();
-    if (!node.IsLeaf() && (children.empty() || children.size() != node.Children().size()))
-        lines += std::string(node.Path()) + " = " + Names(node) + "\n";
     if (node.IsLeaf())
-        return std::string(node.Path()) + " = " + Text(node) + "\n";
+        return path + " = " + Text(node) + "\n";
+    const bool isPlain = !children.empty() && children.size() == node.Children().size();
+    std::string lines = isPlain ? "" : path + " = " + Names(node) + "\n";
     for (const NodeView child : children)
-        lines += Lines(child);
+        lines += Lines(child, root);
     return lines;
 }
 
-std::string Sums(NodeView root)
+std::string Sums(NodeView top, const std::string& root)
 {
     std::string sums;
-    for (const NodeView child : root.Children()) {
-        const std::string lines = Lines(child);
+    for (const NodeView child : top.Children()) {
+        const std::string lines = Lines(child, root);
         std::uint32_t sum = 0x811C9DC5; // FNV-1a
         for (const char c : lines)
             sum = (sum ^ static_cast<unsigned char>(c)) * 0x01000193;
@@ -154,9 +154,9 @@ std::string Answer(SMBIOSProtocolImpl& object, const std::string& root, const st
     const std::string name = question.substr(0, end);
     const std::string path = name[0] == '/' ? name : root + "/" + name;
     if (name == "sums")
-        return "sums: " + Sums(object.Find(root));
+        return "sums: " + Sums(object.Find(root), root);
     if (name == "tree")
-        return Lines(object.Find(root));
+        return Lines(object.Find(root), root);
     if (end == std::string::npos || question[end] == ' ')
         return name + " = " + Text(object.Find(path));
     std::string answer = name + ":";

@@ -200,60 +200,50 @@ TEST(LockFile, ThatAStrangerMadeSplitsNoneWhoCanOpenOneInCommon)
     }
 }
 
-// The waiting process takes the lock on the file that is at the path then, where all others look for it.
+// The waiting process takes the lock on the file that is at the path then, where all others look for it. The
+// other folder, where it could meet them too, is out of its reach.
 TEST(LockFile, ThatIsRemovedWhileItIsWaitedForIsNone)
 {
     const LockName name;
+    const bool isFirst = access(Folders[0], W_OK) == 0;
+    ASSERT_EQ(symlink("nowhere", name.FileIn(Folders[isFirst ? 1 : 0]).c_str()) == 0, isFirst);
     _MY_LOCK lock;
     ASSERT_EQ(CMySemLock::AcquireSymLock(lock, name.Text.c_str()), 0);
     Other waiting([&] { return Take(name); });
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
-    for (const char* folder : Folders)
-        unlink(name.FileIn(folder).c_str());
+    EXPECT_EQ(unlink(name.FileIn(Folders[isFirst ? 0 : 1]).c_str()), 0);
     CMySemLock::ReleaseSymLock(lock);
     EXPECT_EQ(waiting.Told(), 0);
     EXPECT_TRUE(IsHeldUntil(name, [&] { waiting.Kill(); }));
 }
 
-// One file under both paths, where they are of one file system, does not keep a process from itself.
-TEST(LockFile, MayBeOneInBothFolders)
+// A pipe of that name does not hold anyone up, and one file under both paths keeps no process from itself.
+TEST(LockFile, MayBeOfAnotherKindOrOneInBothFolders)
 {
-    const LockName name;
-    close(open(name.FileIn(Folders[0]).c_str(), O_CREAT | O_EXCL, 0644));
-    if (link(name.FileIn(Folders[0]).c_str(), name.FileIn(Folders[1]).c_str()) != 0)
-        GTEST_SKIP();
-    EXPECT_EQ(Attempt(name.Text).Error, 0);
-}
-
-// A pipe of that name does not hold anyone up.
-TEST(LockFile, MayBeOfAnotherKind)
-{
-    const LockName name;
+    const LockName name, other;
     ASSERT_EQ(mkfifo(name.FileIn(Folders[0]).c_str(), 0666), 0);
     EXPECT_EQ(Attempt(name.Text).Error, 0);
+    close(open(other.FileIn(Folders[0]).c_str(), O_CREAT | O_EXCL, 0644));
+    if (link(other.FileIn(Folders[0]).c_str(), other.FileIn(Folders[1]).c_str()) != 0)
+        GTEST_SKIP() << "the folders are on two file systems";
+    EXPECT_EQ(Attempt(other.Text).Error, 0);
 }
 
-TEST(LockFile, IsOpenToEveryUserAndWritableByItsOwnerAlone)
+// Whoever opens it first makes it, for every user to open whatever the umask; another's file is taken as it
+// is.
+TEST(LockFile, IsOpenToEveryUserOrAsAStrangerMadeItMeanwhile)
 {
-    const LockName name;
-    const mode_t before = umask(077);
-    EXPECT_EQ(Attempt(name.Text).Error, 0);
-    umask(before);
-    struct stat status = {};
-    ASSERT_EQ(stat(name.FileIn(access(Folders[0], W_OK) == 0 ? Folders[0] : Folders[1]).c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode, S_IFREG | 0644U);
-}
-
-// Whoever opens it first makes it; another's file is taken as it is.
-TEST(LockFile, IsTheOneThatAStrangerMadeMeanwhile)
-{
-    const LockName name;
-    isStrangerQuick = true;
-    EXPECT_EQ(Attempt(name.Text).Error, 0);
-    isStrangerQuick = false;
-    struct stat status = {};
-    ASSERT_EQ(stat(name.FileIn(access(Folders[0], W_OK) == 0 ? Folders[0] : Folders[1]).c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode, S_IFREG | 0600U);
+    for (const bool isMadeMeanwhile : {false, true}) {
+        const LockName name;
+        const mode_t before = umask(077);
+        isStrangerQuick = isMadeMeanwhile;
+        EXPECT_EQ(Attempt(name.Text).Error, 0);
+        isStrangerQuick = false;
+        umask(before);
+        struct stat status = {};
+        stat(name.FileIn(access(Folders[0], W_OK) == 0 ? Folders[0] : Folders[1]).c_str(), &status);
+        EXPECT_EQ(status.st_mode, S_IFREG | (isMadeMeanwhile ? 0600U : 0644U));
+    }
 }
 
 // Nor does a program that this process starts have it.
