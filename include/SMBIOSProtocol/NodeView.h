@@ -15,7 +15,8 @@ struct TreeNode;
 class NodeRange;
 
 /// One node of a tree, or none. A view is as small as a pointer. It and its texts are valid as long as the
-/// object that it comes from, or any copy of that object. Test for a node before you call other operations.
+/// object that it comes from, or any copy of that object. A view without a node has empty texts, is no leaf
+/// and has no children, so a chain of operations needs no test in between.
 class SMBIOSPROTOCOL_API NodeView {
 public:
     /// No node.
@@ -43,6 +44,10 @@ public:
 
     /// The children in their order, each once.
     NodeRange DistinctChildren() const noexcept;
+
+    /// The child with this name: `Find("/SMBIOS/Type17[1]").Child("Size")`. A view without a node where there
+    /// is none.
+    NodeView Child(std::string_view name) const noexcept;
 
     /// Whether both look at the same node of the same tree, or at none.
     friend bool operator==(NodeView left, NodeView right) noexcept { return left.Node == right.Node; }
@@ -101,10 +106,11 @@ public:
 
 private:
     friend class NodeView;
+    NodeRange() noexcept = default;
     NodeRange(const TreeNode* const* first, std::size_t count) noexcept : First(first), Count(count) {}
 
-    const TreeNode* const* First;
-    std::size_t Count;
+    const TreeNode* const* First = nullptr;
+    std::size_t Count = 0;
 };
 
 } // namespace Protocol::SMBIOS

@@ -1,20 +1,17 @@
-// From bytes to a table. A dump, whose table stands at a fixed offset:
+// From bytes to a table. What the bytes hold tells their form, in this order:
 //
-//   offset  field
-//   00h     entry point, 32- or 64-bit form
-//   20h     structure table
-//
-// An image, whose entry point stands anywhere behind the table:
-//
-//   offset  field
-//   00h     structure table
-//           32-bit entry point; what follows it is not looked at
+//   dump         an entry point of either form at 00h, the table at 20h
+//   block        of Windows (services/FirmwareTable.h): 8 bytes with version and length, the table at 08h
+//   image        the table at 00h, a 32-bit entry point anywhere behind it; what follows that is not read
+//   bare table   whole structures from 00h up to an end structure, or two at least up to the last byte
 
 #include "SMBIOSProtocol/TableImage.h"
 
 #include "SMBIOSProtocol/ResultStatus.h"
 #include "acquisition/EntryPoint.h"
 #include "services/Failure.h"
+#include "services/FirmwareTable.h"
+#include "structures/LittleEndian.h"
 #include "structures/Walk.h"
 
 #include <algorithm>
@@ -67,21 +64,33 @@ EntryPoint::Facts ReadEntryPoint(const Bytes& bytes)
                                      std::to_string(facts.TableLength) + " bytes; take the dump again");
 }
 
-// Cuts off the bytes that do not belong to the table. Returns whether the rest is known to be whole.
+// Cuts off the bytes that do not belong to the table. Returns whether more of it may be missing.
 bool Trim(Bytes& table, const EntryPoint::Facts& facts)
 {
     // The table of the running machine has been read up to MaxTableSize.
     const bool isShort = table.size() < std::min(facts.TableLength, TableImage::MaxTableSize);
     table.resize(std::min(table.size(), facts.TableLength));
     if (facts.IsLengthExact && !isShort)
-        return true;
-    const Extent extent = ExtentOf(table);
-    if (isShort && extent.Size == 0)
+        return false;
+    const TableExtent extent = ExtentOf(table, WalkToMeasure);
+    if (isShort && extent.IsDamaged())
         RaiseCutOff(table, facts);
     // The length in a 64-bit entry point is an upper bound: the table ends with its last structure.
-    if (extent.Size != 0 && !facts.IsLengthExact)
+    if (!extent.IsDamaged() && !facts.IsLengthExact)
         table.resize(extent.Size);
-    return extent.HasEnd;
+    return extent.End != TableEnd::EndStructure;
+}
+
+// Whether the bytes are a block as Windows hands it out. A table has a type and a length in the first two
+// bytes: a structure of type 0 or 1 has 8 bytes at least, and no version is that large.
+bool IsFirmwareBlock(const Bytes& bytes)
+{
+    constexpr unsigned char LargestCallingMethod = 1, LargestMajorVersion = 7;
+    if (bytes.size() <= Firmware::TableOffset || bytes[0] > LargestCallingMethod ||
+        bytes[Firmware::MajorVersionOffset] > LargestMajorVersion)
+        return false;
+    const std::uint64_t length = LittleEndian(&bytes[Firmware::LengthOffset], Firmware::LengthWidth);
+    return length > 0 && length <= bytes.size() - Firmware::TableOffset;
 }
 
 // A short length byte leaves no version under the checksum, and a text with "_SM_" in it easily looks like
@@ -96,22 +105,35 @@ bool IsPlausible(const unsigned char* entryPoint, std::size_t size)
            ((major == 2 || major == 3) && minor <= 9);
 }
 
-// The offset of the image's entry point: the first that looks like one, else the first of all.
+// The offsets at which an image's entry point can stand.
+std::size_t EndOfSearch(const Bytes& image)
+{
+    return std::min(image.size(), TableImage::MaxTableSize + EntryPoint::AnchorSize);
+}
+
+// The offset of the first entry point that looks like one; the end of the search where there is none.
 std::size_t FindEntryPoint(const Bytes& image)
 {
-    const std::size_t end = std::min(image.size(), TableImage::MaxTableSize + EntryPoint::AnchorSize);
+    const std::size_t end = EndOfSearch(image);
+    std::size_t offset = EntryPoint::FindAnchor(image.data(), end);
+    while (offset < end && !IsPlausible(image.data() + offset, image.size() - offset))
+        offset = EntryPoint::FindAnchor(image.data(), end, offset + 1);
+    return offset;
+}
+
+// The offset of the first anchor of an image that is no other form either: its entry point, whatever the
+// version says.
+std::size_t FirstEntryPoint(const Bytes& image)
+{
+    const std::size_t end = EndOfSearch(image);
     const std::size_t first = EntryPoint::FindAnchor(image.data(), end);
-    for (std::size_t offset = first; offset < end;
-         offset = EntryPoint::FindAnchor(image.data(), end, offset + 1)) {
-        if (IsPlausible(image.data() + offset, image.size() - offset))
-            return offset;
-    }
     if (first == end && end < image.size())
         RaiseImageTooLarge(image.size(), TableImage::MaxTableSize);
     if (!EntryPoint::IsComplete(image.data() + first, image.size() - first))
-        RaiseFailure(RESULT_NO_TABLE, "no complete 32-bit entry point (\"_SM_\") in it; give a table with "
-                                      "one behind it, a dump that begins with one, or the folder that holds "
-                                      "smbios_entry_point and DMI");
+        RaiseFailure(RESULT_NO_TABLE,
+                     "neither a structure table nor a complete 32-bit entry point (\"_SM_\") in it; give a "
+                     "table, a dump that begins with an entry point, or the folder that holds "
+                     "smbios_entry_point and DMI");
     if (!EntryPoint::ChecksumHolds(image.data() + first))
         RaiseFailure(RESULT_BAD_CHECKSUM, "the checksum of the entry point is wrong; take the table again");
     return first;
@@ -120,7 +142,8 @@ std::size_t FindEntryPoint(const Bytes& image)
 } // namespace
 
 TableImage::TableImage(Bytes structures, Bytes behind, unsigned char major, unsigned char minor)
-    : Structures(std::move(structures)), Behind(std::move(behind)), MajorVersion(major), MinorVersion(minor)
+    : Structures(std::move(structures)), Behind(std::move(behind)), MajorVersion(major), MinorVersion(minor),
+      Reach(ExtentOf(Structures, WalkWithNewest))
 {
 }
 
@@ -128,16 +151,39 @@ TableImage TableImage::FromBytes(Bytes bytes)
 {
     if (bytes.empty())
         RaiseFailure(RESULT_EMPTY, "it is empty; take the table again");
-    if (!EntryPoint::HasEitherAnchor(bytes.data(), bytes.size()))
-        return FromImage(std::move(bytes));
-    const auto table =
-        bytes.begin() + static_cast<std::ptrdiff_t>(std::min(EntryPoint::TableOffset, bytes.size()));
-    return FromParts(bytes, {table, bytes.end()});
+    if (EntryPoint::HasEitherAnchor(bytes.data(), bytes.size())) {
+        const std::size_t table = std::min(EntryPoint::TableOffset, bytes.size());
+        return FromParts(bytes, {bytes.begin() + static_cast<std::ptrdiff_t>(table), bytes.end()});
+    }
+    if (IsFirmwareBlock(bytes))
+        return FromBlock(bytes);
+    const std::size_t entryPoint = FindEntryPoint(bytes);
+    if (entryPoint != EndOfSearch(bytes))
+        return FromImage(std::move(bytes), entryPoint);
+    const TableExtent extent = ExtentOf(bytes, WalkWithNewest);
+    const bool isBare = extent.End == TableEnd::EndStructure ||
+                        (extent.End == TableEnd::LastByte && extent.StructureCount >= 2);
+    if (!isBare)
+        return FromImage(std::move(bytes), FirstEntryPoint(bytes));
+    bytes.resize(extent.Size);
+    return FromTable(std::move(bytes), 0, 0);
 }
 
-TableImage TableImage::FromImage(Bytes image)
+// The length is the firmware's word: the table does not reach beyond the block. A block without room for its
+// header has an empty table.
+TableImage TableImage::FromBlock(const Bytes& block)
 {
-    const auto entryPoint = image.begin() + static_cast<std::ptrdiff_t>(FindEntryPoint(image));
+    const auto length =
+        static_cast<std::size_t>(LittleEndian(&block[Firmware::LengthOffset], Firmware::LengthWidth));
+    const auto table = block.begin() + static_cast<std::ptrdiff_t>(Firmware::TableOffset);
+    const std::size_t size = std::min(length, block.size() - Firmware::TableOffset);
+    return FromTable({table, table + static_cast<std::ptrdiff_t>(size)}, block[Firmware::MajorVersionOffset],
+                     block[Firmware::MinorVersionOffset]);
+}
+
+TableImage TableImage::FromImage(Bytes image, std::size_t offset)
+{
+    const auto entryPoint = image.begin() + static_cast<std::ptrdiff_t>(offset);
     Bytes behind(entryPoint, image.end());
     image.erase(entryPoint, image.end());
     const unsigned char major = behind[EntryPoint::MajorVersionOffset];
@@ -151,11 +197,11 @@ TableImage TableImage::FromParts(const Bytes& entryPoint, Bytes table)
     if (table.empty())
         RaiseFailure(RESULT_CUT_OFF,
                      "it ends before the table, which begins at offset 32; take the dump again");
-    const bool isWhole = Trim(table, facts);
+    const bool mayBeCutOff = Trim(table, facts);
     if (table.empty())
         RaiseFailure(RESULT_EMPTY, "the entry point gives its table no length; take the dump again");
     TableImage image = FromTable(std::move(table), facts.Version.Major, facts.Version.Minor);
-    image.Whole = isWhole;
+    image.MayBeCutOff = mayBeCutOff;
     return image;
 }
 
@@ -181,9 +227,14 @@ const std::vector<unsigned char>& TableImage::Table() const noexcept
     return Structures;
 }
 
+const TableExtent& TableImage::Extent() const noexcept
+{
+    return Reach;
+}
+
 bool TableImage::IsWhole() const noexcept
 {
-    return Whole;
+    return !MayBeCutOff && !Reach.IsDamaged();
 }
 
 TableImage TableImage::As(int major, int minor) const
@@ -205,6 +256,11 @@ TableImage TableImage::As(int major, int minor) const
 // table.
 TableImage::Bytes TableImage::TableByVersion() const
 {
+    if (MajorVersion == 0 && MinorVersion == 0)
+        RaiseFailure(
+            RESULT_UNSUPPORTED_VERSION,
+            "The table has no version, and so no catalogue by version. Give it one with TableImage::As, "
+            "or read it with Reading::Newest.");
     const std::size_t size = Structures.size() + Behind.size();
     if (size > MaxSizeByVersion && Behind.size() == EntryPoint::SizeWithVersion)
         RaiseTableTooLarge(Structures.size(), MaxSizeByVersion - EntryPoint::SizeWithVersion);

@@ -83,21 +83,27 @@ void RaiseIfIncomplete(const fs::path& folder)
                      "/sys/firmware/dmi/tables, or a file");
 }
 
-// A 64-bit entry point does not say where its table ends: whoever reads it ends at the end structure.
-bool NeedsForm64(const TableImage& image, const Extent& extent)
+EntryPoint::Version VersionOfDump(const TableImage& image)
 {
-    if (image.Table().size() > MaxSize32)
+    if (image.Major() == 0 && image.Minor() == 0)
+        return {3, 0}; // whose entry point is of the 64-bit form
+    return {static_cast<unsigned char>(image.Major()), static_cast<unsigned char>(image.Minor())};
+}
+
+// A 64-bit entry point does not say where its table ends: whoever reads it ends at the end structure.
+bool NeedsForm64(const Bytes& table, EntryPoint::Version version, const TableExtent& extent)
+{
+    if (table.size() > MaxSize32)
         return true;
-    return image.Major() >= 3 && (extent.Size == image.Table().size() || extent.Size == 0);
+    return version.Major >= 3 && (extent.Size == table.size() || extent.IsDamaged());
 }
 
 Bytes DumpOf(const TableImage& image)
 {
     const Bytes& table = image.Table();
-    const Extent extent = ExtentOf(table);
-    const EntryPoint::Version version{static_cast<unsigned char>(image.Major()),
-                                      static_cast<unsigned char>(image.Minor())};
-    Bytes dump = NeedsForm64(image, extent)
+    const TableExtent extent = ExtentOf(table, WalkToMeasure);
+    const EntryPoint::Version version = VersionOfDump(image);
+    Bytes dump = NeedsForm64(table, version, extent)
                      ? EntryPoint::Whole64(version, TableOffset, table.size())
                      : EntryPoint::Whole32(version, TableOffset, table.size(), extent.LargestStructure,
                                            extent.StructureCount);

@@ -8,7 +8,6 @@
 #include "services/FirmwareTable.h"
 #include "services/LockedMap.h"
 #include "services/MemMapDriverImpl.h"
-#include "structures/LittleEndian.h"
 
 #include <algorithm>
 #include <optional>
@@ -42,18 +41,6 @@ Bytes PublishedBlock()
             return block;
     }
     return {};
-}
-
-// The length is the firmware's word: the table does not reach beyond the block. Empty where the block has no
-// room for its header.
-Bytes TableOf(const Bytes& block)
-{
-    using namespace Firmware;
-    if (block.size() < TableOffset)
-        return {};
-    const auto length = static_cast<std::size_t>(LittleEndian(&block[LengthOffset], 4));
-    const auto table = block.begin() + TableOffset;
-    return {table, table + static_cast<std::ptrdiff_t>(std::min(length, block.size() - TableOffset))};
 }
 
 Bytes Mapped(unsigned long address, unsigned int length)
@@ -111,10 +98,11 @@ TableImage TableImage::OfThisMachine()
 {
     const Bytes block = PublishedBlock();
     const unsigned long error = Firmware::GetLastError();
-    Bytes published = TableOf(block);
-    if (!published.empty())
-        return FromTable(std::move(published), block[Firmware::MajorVersionOffset],
-                         block[Firmware::MinorVersionOffset]);
+    if (block.size() > Firmware::TableOffset) {
+        TableImage published = FromBlock(block);
+        if (!published.Structures.empty())
+            return published;
+    }
 
     const Located found = FindEntryPoint(Mapped(OS::Driver::ScanAddress, OS::Driver::ScanLength), error);
     return FromParts(found.EntryPoint,

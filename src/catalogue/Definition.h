@@ -319,6 +319,8 @@ struct TableVersion {
     }
 };
 
+constexpr TableVersion NewestVersion{3, 8};
+
 /// What the newest revision reads of a structure, one section behind the other.
 struct Section {
     enum class Content : unsigned char { Fields, Group, Strings };

@@ -18,6 +18,7 @@ constexpr unsigned long RawSmbiosProvider = 0x52534D42;
 constexpr std::size_t MajorVersionOffset = 0x01;
 constexpr std::size_t MinorVersionOffset = 0x02;
 constexpr std::size_t LengthOffset = 0x04;
+constexpr std::size_t LengthWidth = 4;
 constexpr std::size_t TableOffset = 0x08;
 
 /// Copies the provider's block `table` into `buffer` and gives its length in bytes. Gives the length alone

@@ -14,34 +14,38 @@ constexpr std::size_t HandleOffset = 2;
 
 bool Walk::Next(SMBiosStructure& structure)
 {
-    if (IsAtEnd || HasFailed || Position == End)
+    if (Ending != TableEnd::LastByte || Position == Limit)
         return false;
     const unsigned char* position = Position;
-    HasFailed = !ReadFormattedArea(position, structure) || !ReadStrings(position, structure.Strings);
-    if (HasFailed)
+    if (!ReadFormattedArea(position, structure) || !ReadStrings(position, structure.Strings))
         return false;
-    IsAtEnd = structure.Type == EndStructure;
+    if (structure.Type == EndStructure)
+        Ending = TableEnd::EndStructure;
     Position = position;
     return true;
 }
 
 // Moves `position` behind the formatted area. False where it is too short, or leaves the table.
-bool Walk::ReadFormattedArea(const unsigned char*& position, SMBiosStructure& structure) const
+bool Walk::ReadFormattedArea(const unsigned char*& position, SMBiosStructure& structure)
 {
+    Ending = TableEnd::CutStructure;
     if (Left(position) < HeaderSize)
         return false;
     const std::size_t length = position[LengthOffset];
+    if (length < Rules.ShortestStructure)
+        Ending = TableEnd::ShortStructure;
     if (length < Rules.ShortestStructure || Left(position) < length)
         return false;
     structure.Type = position[0];
     structure.Data = position;
     structure.Handle = static_cast<unsigned short>(LittleEndian(position + HandleOffset, 2));
     position += length;
+    Ending = TableEnd::LastByte;
     return true;
 }
 
 // Moves `position` behind the string set. False where the set does not end within the table.
-bool Walk::ReadStrings(const unsigned char*& position, std::vector<std::string_view>& strings) const
+bool Walk::ReadStrings(const unsigned char*& position, std::vector<std::string_view>& strings)
 {
     constexpr std::size_t UsualCount = 4;
     strings.clear();
@@ -49,8 +53,10 @@ bool Walk::ReadStrings(const unsigned char*& position, std::vector<std::string_v
     do {
         const unsigned char* const limit = position + std::min(Left(position), Rules.LongestPiece);
         const unsigned char* const stop = std::find(position, limit, static_cast<unsigned char>(0));
-        if (Left(stop) < 2) // the byte that ended the string, and the one behind it
+        if (Left(stop) < 2) { // the byte that ended the string, and the one behind it
+            Ending = TableEnd::CutStrings;
             return false;
+        }
         strings.emplace_back(reinterpret_cast<const char*>(position),
                              static_cast<std::size_t>(stop - position));
         position = stop + 1;
@@ -61,19 +67,17 @@ bool Walk::ReadStrings(const unsigned char*& position, std::vector<std::string_v
     return true;
 }
 
-Extent ExtentOf(const std::vector<unsigned char>& table)
+TableExtent ExtentOf(const std::vector<unsigned char>& table, const WalkRules& rules)
 {
-    Extent extent;
-    Walk walk(table.data(), table.size(), {0, WholeString, false});
+    TableExtent extent;
+    Walk walk(table.data(), table.size(), rules);
     SMBiosStructure structure;
-    std::size_t start = 0;
     while (walk.Next(structure)) {
         ++extent.StructureCount;
-        extent.LargestStructure = std::max(extent.LargestStructure, walk.Size() - start);
-        start = walk.Size();
+        extent.LargestStructure = std::max(extent.LargestStructure, walk.Size() - extent.Size);
+        extent.Size = walk.Size();
     }
-    extent.Size = walk.IsDamaged() ? 0 : walk.Size();
-    extent.HasEnd = walk.HasEnd();
+    extent.End = walk.End();
     return extent;
 }
 

@@ -11,6 +11,7 @@
 #pragma once
 
 #include "SMBIOSProtocol/SMBiosStructure.h"
+#include "SMBIOSProtocol/TableImage.h"
 
 #include <cstddef>
 #include <limits>
@@ -38,13 +39,15 @@ struct WalkRules {
 constexpr std::size_t WholeString = std::numeric_limits<std::size_t>::max();
 constexpr WalkRules WalkByVersion{0, 255, true};
 constexpr WalkRules WalkWithNewest{HeaderSize, WholeString, false};
+/// For the length of a table that its entry point does not tell: any structure that ends counts.
+constexpr WalkRules WalkToMeasure{0, WholeString, false};
 
 /// Goes over the structures of a table from the first to the end structure, to the last byte, or to a
 /// structure that the table does not hold whole.
 class Walk {
 public:
     Walk(const unsigned char* table, std::size_t size, const WalkRules& rules)
-        : Begin(table), Position(table), End(table + size), Rules(rules)
+        : Begin(table), Position(table), Limit(table + size), Rules(rules)
     {
     }
 
@@ -55,33 +58,24 @@ public:
     /// Bytes from the start of the table to the end of the last structure that Next gave.
     std::size_t Size() const { return static_cast<std::size_t>(Position - Begin); }
 
-    /// Whether the last structure was an end structure.
-    bool HasEnd() const { return IsAtEnd; }
-
-    /// Whether the walk ended at a structure that is too short, or that the table does not hold whole.
-    bool IsDamaged() const { return HasFailed; }
+    /// Why the walk has ended.
+    TableEnd End() const { return Ending; }
 
 private:
-    std::size_t Left(const unsigned char* position) const { return static_cast<std::size_t>(End - position); }
-    bool ReadFormattedArea(const unsigned char*& position, SMBiosStructure& structure) const;
-    bool ReadStrings(const unsigned char*& position, std::vector<std::string_view>& strings) const;
+    std::size_t Left(const unsigned char* position) const
+    {
+        return static_cast<std::size_t>(Limit - position);
+    }
+    bool ReadFormattedArea(const unsigned char*& position, SMBiosStructure& structure);
+    bool ReadStrings(const unsigned char*& position, std::vector<std::string_view>& strings);
 
     const unsigned char* Begin;
     const unsigned char* Position;
-    const unsigned char* End;
+    const unsigned char* Limit; ///< the end of the table
     WalkRules Rules;
-    bool IsAtEnd = false;
-    bool HasFailed = false;
+    TableEnd Ending = TableEnd::LastByte; ///< any other: the walk goes no further
 };
 
-/// How far the structures of a table reach.
-struct Extent {
-    std::size_t Size = 0; ///< bytes, the end structure included; 0 where the table ends within a structure
-    bool HasEnd = false;  ///< whether there is an end structure
-    std::size_t StructureCount = 0;
-    std::size_t LargestStructure = 0; ///< bytes, its strings included
-};
-
-Extent ExtentOf(const std::vector<unsigned char>& table);
+TableExtent ExtentOf(const std::vector<unsigned char>& table, const WalkRules& rules);
 
 } // namespace Protocol::SMBIOS

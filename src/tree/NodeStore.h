@@ -27,8 +27,8 @@ struct TreeNode;
 
 /// Some nodes, one behind the other.
 struct NodeRow {
-    const TreeNode* const* First;
-    std::size_t Count;
+    const TreeNode* const* First = nullptr;
+    std::size_t Count = 0;
 
     const TreeNode* const* begin() const { return First; }
     const TreeNode* const* end() const { return First + Count; }

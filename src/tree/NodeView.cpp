@@ -6,11 +6,13 @@ namespace Protocol::SMBIOS {
 
 std::string_view NodeView::Path() const noexcept
 {
-    return Node->Path;
+    return Node == nullptr ? std::string_view() : Node->Path;
 }
 
 std::string_view NodeView::Name() const noexcept
 {
+    if (Node == nullptr)
+        return {};
     std::string_view name = Node->Path.substr(Node->ParentSize);
     if (!name.empty() && name.front() == '/')
         name.remove_prefix(1);
@@ -19,24 +21,33 @@ std::string_view NodeView::Name() const noexcept
 
 bool NodeView::IsLeaf() const noexcept
 {
-    return Node->IsLeaf;
+    return Node != nullptr && Node->IsLeaf;
 }
 
 std::string_view NodeView::Value() const noexcept
 {
-    return Node->Value;
+    return Node == nullptr ? std::string_view() : Node->Value;
 }
 
 NodeRange NodeView::Children() const noexcept
 {
-    const NodeRow row = Node->Listed();
+    const NodeRow row = Node == nullptr ? NodeRow{} : Node->Listed();
     return {row.First, row.Count};
 }
 
 NodeRange NodeView::DistinctChildren() const noexcept
 {
-    const NodeRow row = Node->Distinct();
+    const NodeRow row = Node == nullptr ? NodeRow{} : Node->Distinct();
     return {row.First, row.Count};
+}
+
+NodeView NodeView::Child(std::string_view name) const noexcept
+{
+    for (const NodeView child : IsLeaf() ? NodeRange() : Children()) {
+        if (child.Name() == name)
+            return child;
+    }
+    return {};
 }
 
 } // namespace Protocol::SMBIOS

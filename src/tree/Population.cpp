@@ -40,8 +40,13 @@ using Tables = std::unordered_map<unsigned char, SMBTable>;
 std::size_t ExpectedNodes(const Tables& tables)
 {
     std::size_t fieldCount = 0;
-    for (const auto& [type, table] : tables)
-        fieldCount += table.Instances.size() * table.Definition->FieldCountIn(table.ReadAs);
+    for (const auto& [number, table] : tables) {
+        const Catalogue::Type& type = *table.Definition;
+        std::size_t ofOne = type.FieldCountIn(table.ReadAs);
+        for (std::size_t i = 0; i < table.SectionCount; ++i)
+            ofOne += type.Sections[i].FieldCount;
+        fieldCount += table.Instances.size() * ofOne;
+    }
     return std::min<std::size_t>(NodesOfAField * fieldCount, TreeTooLarge::MaxWrites / WritesOfANode);
 }
 
