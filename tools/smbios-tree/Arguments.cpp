@@ -80,10 +80,10 @@ constexpr const char* Usage =
 )";
 
 constexpr const char* Footer =
-    R"(An INPUT is a table image (the table, with a 32-bit entry point behind it), a dump
-(an entry point, and the table at offset 32), a folder with the files
-smbios_entry_point and DMI, or "-" for standard input. Without an INPUT, the tree
-is the running machine's.
+    R"(An INPUT is a file, a folder with the files smbios_entry_point and DMI, or "-" for
+standard input. A file holds a dump (an entry point, the table at offset 32), the
+block of Windows' registry, a table with a 32-bit entry point behind it, or a table
+alone. Without an INPUT, the tree is the running machine's.
 
 Lines of --diff: "- path = value" is in the first input alone, "+" in the second
 alone; where a value changed, "<" has the old one and ">" the new one.
@@ -109,13 +109,13 @@ void AddChoices(CLI::App& app, Arguments& arguments, Words& words)
         ->expected(1)
         ->allow_extra_args(false)
         ->take_all();
-    app.add_option("--read-as", words.ReadAs, "Read the table as this version, whatever its own")
+    app.add_flag("--by-version", words.ByVersion,
+                 "Read by the table's version, for programs that rely on those paths;\nwithout this option, "
+                 "all that the newest standard knows is read");
+    app.add_option("--read-as", words.ReadAs, "The same, as this version instead of the table's own")
         ->type_name("VERSION")
         ->check(OneOf(Versions));
-    app.add_flag("--newest", words.Newest, "Read all that the newest standard knows, whatever the version");
-    app.add_flag("--by-version", words.ByVersion,
-                 "Read by the table's version, and refuse one that has no catalogue;\nwithout either option, "
-                 "such a table is read with the newest");
+    app.add_flag("--newest", words.Newest, "Read as without these options");
 }
 
 void AddForms(CLI::App& app, Arguments& arguments, Words& words)
@@ -208,10 +208,7 @@ Manner MannerOf(const Words& words)
         manner.ReadAs = Versions.at(words.ReadAs);
     if (words.Newest && (words.ByVersion || manner.ReadAs))
         throw CLI::ValidationError("--newest does not go with --by-version or --read-as");
-    if (words.Newest)
-        manner.Catalogue = Catalogue::Newest;
-    if (words.ByVersion)
-        manner.Catalogue = Catalogue::ByVersion;
+    manner.ByVersion = words.ByVersion || manner.ReadAs;
     return manner;
 }
 

@@ -1,4 +1,14 @@
-// A tree as JSON:
+// An input as JSON, an object of:
+//
+//   input                       its name; null: the running machine
+//   smbios                      the version of its table, such as "3.4"; null where it has none
+//   reading                     "newest", "by-version", or "as 2.7" with --read-as
+//   whole                       whether the table is; where it is not:
+//   damaged_at                  the offset in the table at which it is damaged, or
+//   cut_off                     true: it has no end structure, and there may be more of it
+//   tree or error               the tree, or an object of "code" and "message"
+//
+// smbios and what follows it stand there as soon as the table was read. Of the tree:
 //
 //   leaf                        its text as a string; where that is not UTF-8, an object of "text", in which
 //                               U+FFFD stands for each byte that belongs to no character, and "bytes", all
@@ -178,16 +188,42 @@ public:
         Json.EndObject();
     }
 
-    void WriteInput(const Input& input)
+    void WriteInput(const Input& input, const Tree& tree)
     {
         WritePlain("input");
         if (input)
             WriteText(*input);
         else
             Json.Null();
+        if (tree.Table)
+            WriteTable(tree);
     }
 
 private:
+    void WriteTable(const Tree& tree)
+    {
+        const std::optional<Version> version = tree.OwnVersion();
+        WritePlain("smbios");
+        if (version)
+            WritePlain(version->Text());
+        else
+            Json.Null();
+        WritePlain("reading");
+        WritePlain(tree.Manner.ReadAs      ? "as " + tree.Manner.ReadAs->Text()
+                   : tree.Manner.ByVersion ? "by-version"
+                                           : "newest");
+        WritePlain("whole");
+        Json.Bool(tree.Table->IsWhole());
+        if (tree.Table->IsWhole())
+            return;
+        const Protocol::SMBIOS::TableExtent& extent = tree.Table->Extent();
+        WritePlain(extent.IsDamaged() ? "damaged_at" : "cut_off");
+        if (extent.IsDamaged())
+            Json.Uint64(extent.Size);
+        else
+            Json.Bool(true);
+    }
+
     void WriteQuoted(std::string_view text)
     {
         const std::string quoted = Quoted(text);
@@ -219,32 +255,38 @@ private:
 using Lines = Document<rapidjson::PrettyWriter<Target>>;
 using OneLine = Document<rapidjson::Writer<Target>>;
 
-} // namespace
-
-void Json(Output& out, const Selection& selection)
+template <typename Writer>
+void WriteTree(Document<Writer>& document, const Input& input, const Tree& tree, const Selection& selection)
 {
-    Lines document(out);
-    document.Structure().SetIndent(' ', 2);
-    document.Write(selection);
-    out.Append('\n');
-}
-
-void JsonLine(Output& out, const Input& input, const Selection& selection)
-{
-    OneLine document(out);
     document.Structure().StartObject();
-    document.WriteInput(input);
+    document.WriteInput(input, tree);
     document.WritePlain("tree");
     document.Write(selection);
     document.Structure().EndObject();
+}
+
+} // namespace
+
+void Json(Output& out, const Input& input, const Tree& tree, const Selection& selection)
+{
+    Lines document(out);
+    document.Structure().SetIndent(' ', 2);
+    WriteTree(document, input, tree, selection);
     out.Append('\n');
 }
 
-void JsonLine(Output& out, const Input& input, const Failure& failure)
+void JsonLine(Output& out, const Input& input, const Tree& tree, const Selection& selection)
+{
+    OneLine document(out);
+    WriteTree(document, input, tree, selection);
+    out.Append('\n');
+}
+
+void JsonLine(Output& out, const Input& input, const Tree& tree, const Failure& failure)
 {
     OneLine document(out);
     document.Structure().StartObject();
-    document.WriteInput(input);
+    document.WriteInput(input, tree);
     document.WritePlain("error");
     document.Structure().StartObject();
     document.WritePlain("code");

@@ -33,13 +33,13 @@ void Flat(Output& out, const Selection& selection, const Style& style);
 /// The bytes of one leaf's value as they are, and a line feed. Throws Failure where it is no leaf.
 void Value(Output& out, const Selection& selection);
 
-/// The tree as a JSON document of several lines; ASCII alone.
-void Json(Output& out, const Selection& selection);
+/// An input and its tree as a JSON document of several lines; ASCII alone. Without a name, the input is the
+/// running machine.
+void Json(Output& out, const Input& input, const Tree& tree, const Selection& selection);
 
-/// An input and its tree, or its failure, as a JSON document of one line; ASCII alone. Without a name, the
-/// input is the running machine.
-void JsonLine(Output& out, const Input& input, const Selection& selection);
-void JsonLine(Output& out, const Input& input, const Failure& failure);
+/// The same, or its failure, as a document of one line. `tree` has the table if it could be read.
+void JsonLine(Output& out, const Input& input, const Tree& tree, const Selection& selection);
+void JsonLine(Output& out, const Input& input, const Tree& tree, const Failure& failure);
 
 /// A page for the browser, complete in itself: a summary of the machine from its whole tree, and what is
 /// selected of the tree. `name` says where it was read, `version` what it was read as.

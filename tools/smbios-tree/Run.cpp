@@ -25,18 +25,19 @@ void Complain(const std::string& subject, const std::string& message)
     std::fprintf(stderr, "smbios-tree: %s: %s\n", Visible(subject).c_str(), message.c_str());
 }
 
-void ComplainUnlessWhole(const Tree& tree, const Input& input)
+void ComplainOfDamage(const TableImage& table, const Input& input)
 {
-    if (!tree.IsWhole)
-        Complain(NameOf(input), "the table has no end structure, and may be cut off");
+    const std::string damage = DamageOf(table);
+    if (!damage.empty())
+        Complain(NameOf(input), damage);
 }
 
-// Decodes an input, and says where it may be less than all.
-Tree Opened(const Input& input, const Arguments& arguments)
+// Decodes an input into `tree`, and says where its table is less than whole.
+void OpenInto(Tree& tree, const Input& input, const Arguments& arguments)
 {
-    Tree tree = Open(input, arguments.Manner);
-    ComplainUnlessWhole(tree, input);
-    return tree;
+    Open(input, arguments.Manner, tree);
+    if (tree.Table)
+        ComplainOfDamage(*tree.Table, input);
 }
 
 // Writes a report. Where its size is limited, tries that out first: no report is cut off.
@@ -61,7 +62,7 @@ void Report(Output& out, const Tree& tree, const Selection& selection, const Inp
     case Form::Value:
         return Value(out, selection);
     case Form::Json:
-        return Json(out, selection);
+        return Json(out, input, tree, selection);
     case Form::Html:
         return Html(out, tree, selection, NameOf(input), VersionText(tree));
     default:
@@ -73,8 +74,9 @@ int ReportOne(Output& out, const Input& input, const Arguments& arguments)
 {
     try {
         // The process ends behind the report: nobody waits until the tree is taken apart.
-        static const Tree* tree;
-        tree = new Tree(Opened(input, arguments));
+        static Tree* tree;
+        tree = new Tree;
+        OpenInto(*tree, input, arguments);
         const Selection selection = Select(*tree, arguments.Choice);
         Send(out, arguments, [&](Output& to) { Report(to, *tree, selection, input, arguments); });
         return Done;
@@ -90,10 +92,11 @@ int ReportOne(Output& out, const Input& input, const Arguments& arguments)
 bool ReportLine(Output& out, const Input& input, const Arguments& arguments)
 {
     std::optional<Failure> failure;
+    Tree tree;
     try {
-        const Tree tree = Opened(input, arguments);
+        OpenInto(tree, input, arguments);
         const Selection selection = Select(tree, arguments.Choice);
-        Send(out, arguments, [&](Output& to) { JsonLine(to, input, selection); });
+        Send(out, arguments, [&](Output& to) { JsonLine(to, input, tree, selection); });
         return true;
     } catch (const Failure& raised) {
         failure = raised;
@@ -102,7 +105,7 @@ bool ReportLine(Output& out, const Input& input, const Arguments& arguments)
     }
     if (!out.Retract()) // the front of the line is out
         throw OutputFailure(std::string(failure->what()) + "; the output is not complete");
-    JsonLine(out, input, *failure);
+    JsonLine(out, input, tree, *failure);
     out.Finish();
     return false;
 }
@@ -132,32 +135,15 @@ int ReportLines(Output& out, const Arguments& arguments)
     return status;
 }
 
-// Decodes both inputs alike: where the version of one alone has a catalogue, both with the newest. Else what
-// the catalogues differ in would stand among the differences. `side` says where a failure was.
-std::vector<Tree> OpenedAlike(const Arguments& arguments, std::size_t& side)
-{
-    std::vector<TableImage> tables;
-    std::vector<Tree> trees;
-    for (side = 0; side < 2; ++side) {
-        tables.push_back(Read(arguments.Inputs[side]));
-        trees.push_back(Open(tables[side], arguments.Manner));
-        ComplainUnlessWhole(trees[side], arguments.Inputs[side]);
-    }
-    if (trees[0].Reading != trees[1].Reading) {
-        for (side = 0; side < 2; ++side)
-            trees[side] = Open(tables[side], {Catalogue::Newest, std::nullopt});
-    }
-    side = 1;
-    return trees;
-}
-
 int ReportDifferences(Output& out, const Arguments& arguments)
 {
-    std::vector<Tree> trees;
+    Tree trees[2];
     std::vector<NodePair> pairs;
     std::size_t side = 0;
     try {
-        trees = OpenedAlike(arguments, side);
+        OpenInto(trees[0], arguments.Inputs[0], arguments);
+        side = 1;
+        OpenInto(trees[1], arguments.Inputs[1], arguments);
         pairs = SelectBoth(trees[0], trees[1], arguments.Choice);
     } catch (const Failure& failure) {
         Complain(NameOf(arguments.Inputs[side]), failure.what());
@@ -178,6 +164,7 @@ int SaveDump(const Input& input, const Arguments& arguments)
 {
     try {
         const TableImage table = Read(input);
+        ComplainOfDamage(table, input);
         const std::optional<Version>& version = arguments.Manner.ReadAs;
         Save(version ? table.As(version->Major, version->Minor) : table, arguments.DumpFile);
         return Done;

@@ -14,78 +14,62 @@ namespace {
 using Protocol::SMBIOS::Reading;
 using Protocol::SMBIOS::SMBIOSProtocolImpl;
 
-Failure UnsupportedVersion(Version version)
+Failure UnsupportedVersion(const std::optional<Version>& version)
 {
-    const bool isOld = version.Major < 2 || (version.Major == 2 && version.Minor < 3);
-    return {Kind::UnsupportedVersion, "SMBIOS version " + version.Text() +
-                                          " is not supported (2.3 to 2.8 and 3.0 are); use --read-as " +
-                                          (isOld ? "2.3" : "3.0")};
+    const bool isOld = version && (version->Major < 2 || (version->Major == 2 && version->Minor < 3));
+    return {Kind::UnsupportedVersion,
+            (version ? "SMBIOS version " + version->Text() + " is not read by version"
+                     : "without a version it is not read by version") +
+                std::string(" (2.3 to 2.8 and 3.0 are); leave --by-version away, or use --read-as ") +
+                (isOld ? "2.3" : "3.0")};
 }
 
-Failure UnsupportedMachine()
+std::shared_ptr<const SMBIOSProtocolImpl> Decoded(const TableImage& table, Reading reading)
 {
-    return {Kind::UnsupportedVersion, "its SMBIOS version is not supported (2.3 to 2.8 and 3.0 are); use "
-                                      "--newest, or --read-as 3.0"};
+    return std::make_shared<SMBIOSProtocolImpl>(table, reading, RootPath);
 }
 
-Tree Decoded(const TableImage& table, Reading reading)
+void DecodeByVersion(Tree& tree)
 {
-    return {std::make_shared<SMBIOSProtocolImpl>(table, reading, RootPath),
-            Version{table.Major(), table.Minor()}, reading, table.IsWhole()};
-}
-
-Tree OpenTable(TableImage table, const Manner& manner)
-{
-    if (manner.Catalogue == Catalogue::Newest)
-        return Decoded(table, Reading::Newest);
-    if (manner.ReadAs)
-        table = table.As(manner.ReadAs->Major, manner.ReadAs->Minor);
+    const std::optional<Version>& version = tree.Manner.ReadAs;
     try {
-        return Decoded(table, Reading::ByVersion);
+        tree.Nodes = Decoded(version ? tree.Table->As(version->Major, version->Minor) : *tree.Table,
+                             Reading::ByVersion);
     } catch (const ResultStatus& status) {
         if (status.Code() == RESULT_TOO_LARGE)
-            throw Failure(Kind::TooLarge, status.Message() + ", or read it with --newest");
-        if (status.Code() != RESULT_UNSUPPORTED_VERSION)
-            throw InputFailure(status);
+            throw Failure(Kind::TooLarge, status.Message() + ", or read it without --by-version");
+        if (status.Code() == RESULT_UNSUPPORTED_VERSION)
+            throw UnsupportedVersion(tree.OwnVersion());
+        throw InputFailure(status);
     }
-    if (manner.Catalogue == Catalogue::ByVersion)
-        throw UnsupportedVersion({table.Major(), table.Minor()});
-    return Decoded(table, Reading::Newest);
 }
 
-Tree OpenMachine(const Manner& manner)
+// By version the running machine has SPD data, which no table holds.
+void DecodeMachine(Tree& tree)
 {
-    if (manner.Catalogue == Catalogue::Newest || manner.ReadAs)
-        return OpenTable(Read(std::nullopt), manner);
+    try {
+        tree.Table = Read(std::nullopt);
+    } catch (const Failure&) { // the library has a route of its own
+    }
     try {
         // The object lives until the process ends; nobody here releases it.
-        return {{&SMBIOSProtocolImpl::CreateInstance(), [](const SMBIOSProtocolImpl*) {}},
-                std::nullopt,
-                Reading::ByVersion};
+        tree.Nodes = {&SMBIOSProtocolImpl::CreateInstance(), [](const SMBIOSProtocolImpl*) {}};
     } catch (const ResultStatus& status) {
-        if (status.Code() != RESULT_UNSUPPORTED_VERSION)
-            throw MachineFailure(status);
+        if (status.Code() == RESULT_UNSUPPORTED_VERSION)
+            throw UnsupportedVersion(tree.OwnVersion());
+        throw MachineFailure(status);
     }
-    if (manner.Catalogue == Catalogue::ByVersion)
-        throw UnsupportedMachine();
-    return Decoded(Read(std::nullopt), Reading::Newest);
 }
 
-// What `open` gives, with whatever it throws as a Failure.
-template <typename Function>
-Tree OpenBy(Function open)
+void Decode(const Input& input, Tree& tree)
 {
-    try {
-        return open();
-    } catch (const ResultStatus& status) {
-        throw InputFailure(status);
-    } catch (const Protocol::SMBIOS::TreeTooLarge&) {
-        throw Failure(Kind::TreeTooLarge,
-                      "its tree would be too large, which no real machine's is; the table is "
-                      "damaged or made to do harm");
-    } catch (const std::bad_alloc&) {
-        throw OutOfMemory();
-    }
+    if (!input && tree.Manner.ByVersion && !tree.Manner.ReadAs)
+        return DecodeMachine(tree);
+    tree.Table = Read(input);
+    if (tree.Manner.ByVersion)
+        DecodeByVersion(tree);
+    else
+        tree.Nodes = Decoded(*tree.Table, Reading::Newest);
 }
 
 // The longest path that has a node and of which `path` is a continuation.
@@ -162,22 +146,34 @@ std::string PathOfType(unsigned int type)
 Failure NoSuchType(const Tree& tree, unsigned int type)
 {
     const std::string name = "type " + std::to_string(type);
-    if (tree.Reading == Reading::Newest)
-        return {Kind::UnknownPath,
-                "the table has no structure of " + name + "; see what it has with --path /SMBIOS"};
-    return {Kind::UnknownPath, name + " is not read by version; use --newest, which reads every type"};
+    return {Kind::UnknownPath,
+            tree.Manner.ByVersion
+                ? name + " is not read by version; leave --by-version and --read-as away, to read every type"
+                : "the table has no structure of " + name + "; see what it has with --path /SMBIOS"};
 }
 
 } // namespace
 
-Tree Open(const Input& input, const Manner& manner)
+std::optional<Version> Tree::OwnVersion() const
 {
-    return OpenBy([&] { return input ? OpenTable(Read(input), manner) : OpenMachine(manner); });
+    const bool hasVersion = Table && (Table->Major() != 0 || Table->Minor() != 0);
+    return hasVersion ? std::optional<Version>({Table->Major(), Table->Minor()}) : std::nullopt;
 }
 
-Tree Open(const TableImage& table, const Manner& manner)
+void Open(const Input& input, const Manner& manner, Tree& tree)
 {
-    return OpenBy([&] { return OpenTable(table, manner); });
+    tree.Manner = manner;
+    try {
+        Decode(input, tree);
+    } catch (const ResultStatus& status) {
+        throw InputFailure(status);
+    } catch (const Protocol::SMBIOS::TreeTooLarge&) {
+        throw Failure(Kind::TreeTooLarge,
+                      "its tree would be too large, which no real machine's is; the table is "
+                      "damaged or made to do harm");
+    } catch (const std::bad_alloc&) {
+        throw OutOfMemory();
+    }
 }
 
 Selection Select(const Tree& tree, const Choice& choice)
@@ -213,17 +209,33 @@ std::vector<NodePair> SelectBoth(const Tree& before, const Tree& after, const Ch
 
 std::string VersionText(const Tree& tree)
 {
-    std::optional<Version> version = tree.Version;
-    if (!version) {
-        try {
-            const TableImage table = Read(std::nullopt);
-            version = Version{table.Major(), table.Minor()};
-        } catch (const Failure&) {
-            return "";
-        }
+    if (!tree.Table)
+        return "";
+    const std::optional<Version> version = tree.OwnVersion();
+    const std::string text = version ? "version " + version->Text() : "no version";
+    if (tree.Manner.ReadAs)
+        return text + ", read as " + tree.Manner.ReadAs->Text();
+    return tree.Manner.ByVersion ? text + ", by version" : text;
+}
+
+std::string DamageOf(const TableImage& table)
+{
+    using Protocol::SMBIOS::TableEnd;
+    const std::string place =
+        "the table is damaged at its offset " + std::to_string(table.Extent().Size) + ", where a structure ";
+    const std::string effect = "; structures behind it may be missing";
+    switch (table.Extent().End) {
+    case TableEnd::ShortStructure:
+        return place + "has less than 4 bytes" + effect;
+    case TableEnd::CutStructure:
+        return place + "is longer than the table" + effect;
+    case TableEnd::CutStrings:
+        return place + "has strings without an end" + effect;
+    case TableEnd::EndStructure:
+    case TableEnd::LastByte:
+        break;
     }
-    return "version " + version->Text() +
-           (tree.Reading == Reading::Newest ? ", with the newest catalogue" : "");
+    return table.IsWhole() ? "" : "the table has no end structure, and may be cut off";
 }
 
 std::string_view NameOf(NodeView node)

@@ -26,28 +26,26 @@ struct Version {
     std::string Text() const { return std::to_string(Major) + "." + std::to_string(Minor); }
 };
 
-/// Auto: the one of the table's version, and the newest where the version has none.
-enum class Catalogue { Auto, ByVersion, Newest };
-
-/// How the person wants a table to be read.
+/// How the person wants a table to be read: with the newest catalogue, or by version.
 struct Manner {
-    SmbiosTree::Catalogue Catalogue = Catalogue::Auto;
-    std::optional<Version> ReadAs; ///< takes the place of the table's own version, by version
+    bool ByVersion = false;
+    std::optional<Version> ReadAs; ///< by version, this one in the place of the table's own
 };
 
-/// A decoded table.
+/// A table and its tree.
 struct Tree {
+    std::optional<TableImage> Table; ///< none: what the running machine publishes cannot be read
     std::shared_ptr<const Protocol::SMBIOS::SMBIOSProtocolImpl> Nodes;
-    std::optional<SmbiosTree::Version> Version; ///< that it was read as; the running machine's is not known
-    Protocol::SMBIOS::Reading Reading = Protocol::SMBIOS::Reading::ByVersion;
-    bool IsWhole = true; ///< false: its table may be cut off
+    SmbiosTree::Manner Manner;
 
     NodeView Find(std::string_view path) const { return Nodes->Find(path); }
+
+    /// Of the table; none where it has none.
+    std::optional<Version> OwnVersion() const;
 };
 
-/// Decodes an input. Throws Failure.
-Tree Open(const Input& input, const Manner& manner);
-Tree Open(const TableImage& table, const Manner& manner);
+/// Reads and decodes an input into `tree`. Throws Failure; the table is in `tree` as soon as it is read.
+void Open(const Input& input, const Manner& manner, Tree& tree);
 
 /// What the person wants to see of it: a subtree, or types.
 struct Choice {
@@ -73,9 +71,13 @@ struct NodePair {
 /// The same of two trees. What one side alone has is a difference, not a failure.
 std::vector<NodePair> SelectBoth(const Tree& before, const Tree& after, const Choice& choice);
 
-/// What a tree was read as, for a person: "version 3.4, with the newest catalogue"; empty where that is not
+/// What a tree was read from and how, for a person: "version 2.6, by version"; empty where the table is not
 /// known.
 std::string VersionText(const Tree& tree);
+
+/// What is wrong with the table, for a person: where it is damaged, or that it may be cut off. Empty:
+/// nothing.
+std::string DamageOf(const TableImage& table);
 
 /// Whether `node` is one of several of a kind: its path ends in "[2]".
 inline bool IsInstance(NodeView node)
