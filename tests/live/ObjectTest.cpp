@@ -2,7 +2,6 @@
 // image is none.
 
 #include "samples/TableText.h"
-#include "services/ErrorMgr.h"
 #include "support/FakeSystem.h"
 
 #include <gtest/gtest.h>
@@ -85,12 +84,6 @@ TEST(LiveObject, HoldsNothingOfBeforeWhereItIsReadAnewInVain)
     ReadAgain(*object);
     EXPECT_EQ(ReservedMemory(*object), Reserved);
     EXPECT_FALSE(Everything(*object).empty());
-}
-
-// No failure has such a code yet.
-TEST(LiveObject, NamesACodeThatHasNoText)
-{
-    EXPECT_EQ(ErrorManager::ErrorMgr::GetInstance().Get(7), "Unknown failure, code 7.");
 }
 
 // The SPD block and the reserved range that the table has are matters of the running machine.
