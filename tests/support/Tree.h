@@ -23,15 +23,16 @@ SearchResult Everything(SMBIOSProtocolImpl& object, const std::string& path = "/
 
 bool AreEqual(const SearchResult& left, const SearchResult& right);
 
-/// What is asked of an object's tree, with the answer, so that an answer can be asked again. Paths stand below
-/// the root, or begin with "/":
+/// What is asked of an object's tree, with the answer, so that an answer can be asked again. Paths stand
+/// below the root, or begin with "/":
 ///
 ///   PATH = TEXT          a leaf; "none" where there is no node
 ///   PATH = {A, B}        an inner node with these children; of more than eight the first and the last are
 ///                        named; "and 2 again" where two are listed a second time
 ///   PATH = 5 bits: A, B  an inner node with a child for each bit, of which these are set
 ///   PATH: A = 1; B = 2   several of these below one node
-///   sums: A 3 12345678   of each child of the root how many leaves are below it, and a sum over all that they
+///   sums: A 3 12345678   of each child of the root how many leaves are below it, and a sum over all that
+///   they
 ///                        say, in their order
 ///   tree                 all leaves, a line each
 std::string Answer(SMBIOSProtocolImpl& object, const std::string& root, const std::string& question);
