@@ -65,10 +65,9 @@ std::size_t PlaceToBreak(const std::string& text, std::size_t begin)
     const std::size_t value = text.rfind("; ", begin + Width - 1);
     if (value != std::string::npos && value > begin + Width / 2)
         return value + 1;
-    std::size_t end = begin + Width;
-    do {
+    std::size_t end = text.rfind(' ', begin + Width - 1);
+    while (end != std::string::npos && (text[end - 1] == ' ' || text[end + 1] == ' '))
         end = text.rfind(' ', end - 1);
-    } while (end != std::string::npos && (text[end - 1] == ' ' || text[end + 1] == ' '));
     return end == std::string::npos || end <= begin + 4 ? std::string::npos : end;
 }
 

@@ -1,8 +1,8 @@
 // Replays the sessions of this folder, which read as a shell has them: "$ COMMAND", the lines "> ..." that go
-// on with it, all that it prints, and "[STATUS]" at the end where that is not 0; a short line stands
-// behind its command and "=>". Each session runs in a folder of its
-// own, which has the image of machine.table alone. make-image, with samples/TableText.h before it or on its
-// standard input, makes images; $TABLES is this folder, $SOURCE the project's.
+// on with it, all that it prints, and "[STATUS]" at the end where that is not 0; a short line stands behind
+// its command and "=>". Each session runs in a folder of its own, which has "image", that of machine.table.
+// make-image makes further ones, of a text as samples/TableText.h has it; $TABLES is this folder, $SOURCE the
+// project's.
 
 #include "support/Cases.h"
 
@@ -44,10 +44,14 @@ std::string Ran(const std::string& command)
     return output.back() == '\n' ? output : output + "\n";
 }
 
-// The commands of a session, as they stand in it.
-std::vector<std::string> Commands(const std::string& session)
+// A command as it stands in a session, and without its prompts.
+struct Command {
+    std::string Text, Plain;
+};
+
+std::vector<Command> Commands(const std::string& session)
 {
-    std::vector<std::string> commands;
+    std::vector<Command> commands;
     std::istringstream lines(session);
     bool goesOn = false; // an output can have lines with ">" too, but not right behind the command
     for (std::string line; std::getline(lines, line);) {
@@ -55,8 +59,11 @@ std::vector<std::string> Commands(const std::string& session)
         goesOn = begins || (goesOn && line.rfind('>', 0) == 0);
         if (begins)
             commands.emplace_back();
-        if (goesOn)
-            commands.back() += line.substr(0, begins ? line.find(Behind) : line.size()) + "\n";
+        if (!goesOn)
+            continue;
+        line = line.substr(0, begins ? line.find(Behind) : line.size());
+        commands.back().Text += line + "\n";
+        commands.back().Plain += line.substr(std::min<std::size_t>(line.size(), 2)) + "\n";
     }
     return commands;
 }
@@ -68,15 +75,6 @@ std::string Shown(const std::string& command, const std::string& output)
     const bool isShort = command.find('\n') == command.size() - 1 && output.find('\n') == output.size() - 1 &&
                          command.size() + output.size() + 3 <= Width && !output.empty();
     return isShort ? command.substr(0, command.size() - 1) + Behind + output : command + output;
-}
-
-std::string WithoutPrompts(const std::string& command)
-{
-    std::string plain;
-    std::istringstream lines(command);
-    for (std::string line; std::getline(lines, line);)
-        plain += line.substr(std::min<std::size_t>(line.size(), 2)) + "\n";
-    return plain;
 }
 
 // script(1) asks the system for one; a bare chroot has none.
@@ -97,8 +95,8 @@ std::string Replayed(const std::string& session)
     fs::create_directories(folder);
     fs::current_path(folder);
     std::string text = Ran("make-image $TABLES/machine.table >image");
-    for (const std::string& command : Commands(session))
-        text += Shown(command, Ran(WithoutPrompts(command)));
+    for (const auto& [command, plain] : Commands(session))
+        text += Shown(command, Ran(plain));
     fs::current_path(before);
     fs::remove_all(folder);
     return text;
