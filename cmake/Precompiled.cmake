@@ -1,6 +1,7 @@
 # Headers of the standard library and of GoogleTest, parsed once instead of once a source. A source includes what it
 # uses all the same: the builds of scripts/check and of the packages go without. Nor does it go with a compiler
-# launcher such as ccache, which would keep little then.
+# launcher such as ccache, which would keep little then. A source may have no options of its own where its target is
+# precompiled: compilers take such a header only with the options that it was compiled with.
 
 option(SMBIOSPROTOCOL_PRECOMPILE "Precompile the headers of the standard library and of GoogleTest" OFF)
 
