@@ -102,7 +102,7 @@ void AddChoices(CLI::App& app, Arguments& arguments, Words& words)
                    "Show the subtree at this path alone, such as /SMBIOS/Type17[1]")
         ->type_name("PATH");
     app.add_option(
-           "--type", words.Types,
+           "-t,--type", words.Types,
            "Show the structures of this type alone, by number or word: memory, processor, ...; may be "
            "given several times")
         ->type_name("TYPE")
@@ -149,7 +149,7 @@ void AddOthers(CLI::App& app, Arguments& arguments, Words& words)
 
 void AddOptions(CLI::App& app, Arguments& arguments, Words& words)
 {
-    app.set_version_flag("--version", "smbios-tree " SMBIOS_TREE_VERSION, "Print the version and exit");
+    app.set_version_flag("-V,--version", "smbios-tree " SMBIOS_TREE_VERSION, "Print the version and exit");
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.formatter(std::make_shared<HelpFormatter>());
     app.footer(Footer);
@@ -255,20 +255,71 @@ void Check(const Arguments& arguments, const CLI::App& app)
     }
 }
 
-// Prints the help or the version. Gives the exit status.
-int Answer(const CLI::App& app, const CLI::Success& question)
+// The words of a list that may stand behind an option, a line each.
+std::string LinesBehind(const CLI::Option& option)
 {
-    std::ostringstream text;
-    app.exit(question, text, text);
+    if (option.check_lname("type"))
+        return LinesOfWords();
+    if (option.check_lname("path"))
+        return "/SMBIOS/ProcessorInfo\tthe processors\n/SMBIOS/MemoryArray\tthe memory arrays\n" +
+               LinesOfPaths();
+    if (option.check_lname("limit"))
+        return "1MiB\n16MiB\n64MiB\n";
+    // What has a check tells its words as "WHEN:{always,auto,never}".
+    const std::string type = option.get_type_name();
+    const std::size_t first = type.find('{');
+    if (first == std::string::npos)
+        return "";
+    std::string lines = type.substr(first + 1, type.find('}') - first - 1) + '\n';
+    std::replace(lines.begin(), lines.end(), ',', '\n');
+    return lines;
+}
+
+// The names of all options, a line each with a tab and what the option does.
+std::string LinesOfOptions(const CLI::App& app)
+{
+    std::string lines;
+    for (const CLI::Option* const option : app.get_options()) {
+        std::string rest = '\t' + option->get_description();
+        std::replace(rest.begin(), rest.end(), '\n', ' ');
+        rest += '\n';
+        for (const std::string& name : option->get_lnames())
+            lines.append("--").append(name).append(rest);
+        for (const std::string& name : option->get_snames())
+            lines.append("-").append(name).append(rest);
+    }
+    return lines;
+}
+
+// What a shell may offer for a word that stands behind another: nothing where that is the name of a file.
+std::string LinesToComplete(const CLI::App& app, const std::string& before, const std::string& word)
+{
+    const CLI::Option* const option = app.get_option_no_throw(before);
+    if (option != nullptr && option->get_items_expected() != 0)
+        return LinesBehind(*option);
+    return word.compare(0, 1, "-") == 0 ? LinesOfOptions(app) : "";
+}
+
+// Prints the text. Gives the exit status.
+int Print(const std::string& text)
+{
     try {
         Output out;
-        out.Append(text.str());
+        out.Append(text);
         out.Finish();
         return Done;
     } catch (const OutputFailure& failure) {
         std::fprintf(stderr, "smbios-tree: standard output: %s\n", failure.what());
         return Failed;
     }
+}
+
+// Prints the help or the version. Gives the exit status.
+int Answer(const CLI::App& app, const CLI::Success& question)
+{
+    std::ostringstream text;
+    app.exit(question, text, text);
+    return Print(text.str());
 }
 
 } // namespace
@@ -279,6 +330,11 @@ std::optional<Arguments> ParseArguments(std::vector<std::string> line, int& stat
     Words words;
     CLI::App app("Shows a machine's SMBIOS data as a tree of named values.", "smbios-tree");
     AddOptions(app, arguments, words);
+    if (!line.empty() && line.front() == "--complete") { // BEFORE WORD: the shells' completion asks
+        line.resize(3);
+        status = Print(LinesToComplete(app, line[1], line[2]));
+        return std::nullopt;
+    }
     try {
         arguments.Inputs = Parse(app, std::move(line));
         Interpret(words, app, arguments);

@@ -59,4 +59,24 @@ std::string WordsOfTypes()
     return words;
 }
 
+std::string LinesOfWords()
+{
+    std::string lines;
+    for (const Type& type : Types)
+        lines.append(type.Word).append("\t").append(type.Title).append("\n");
+    return lines;
+}
+
+std::string LinesOfPaths()
+{
+    std::string lines;
+    for (const Type& type : Types)
+        lines.append("/SMBIOS/Type")
+            .append(std::to_string(type.Number))
+            .append("\t")
+            .append(type.Title)
+            .append("\n");
+    return lines;
+}
+
 } // namespace SmbiosTree

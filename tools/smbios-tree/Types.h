@@ -17,4 +17,9 @@ std::optional<unsigned int> TypeOf(const std::string& text);
 /// All words, with the number of each.
 std::string WordsOfTypes();
 
+/// For completion: the word and the title of each type, or the path of its structures and the title, a line
+/// each with a tab between.
+std::string LinesOfWords();
+std::string LinesOfPaths();
+
 } // namespace SmbiosTree
