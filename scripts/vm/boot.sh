@@ -1,0 +1,112 @@
+# Boots emulated machines and checks what smbios-tree says in them; sourced by other scripts. They set
+#   emulator     the emulator and its first arguments
+#   console      the device at which the machine's kernel finds its serial port
+#   tool         smbios-tree for the machine; the libraries that it needs, if any, are put into $work/root
+#   make_image   the command that makes tables of text (samples/TableText.h)
+# vm/init says what happens in a machine.
+
+# The arguments for a machine with 640 MiB of memory and 2 sockets of 2 cores, and what its tree then contains.
+hardware=(-m 640 -smp 4,sockets=2,cores=2)
+identity=(
+    -smbios "type=0,vendor=Test firmware,version=4.2,date=02/03/2004,release=5.6"
+    -smbios "type=1,manufacturer=Maker,product=Machine,version=v7,serial=S-1,uuid=00112233-4455-6677-8899-aabbccddeeff"
+    -smbios "type=2,manufacturer=Board maker,product=Board,version=v8,serial=S-2,asset=A-2"
+    -smbios "type=3,manufacturer=Case maker,version=v9,serial=S-3,asset=A-3"
+    -smbios "type=4,sock_pfx=SOCKET,manufacturer=CPU maker,version=CPU,serial=S-4,max-speed=3100,current-speed=2900"
+    -smbios "type=17,loc_pfx=SLOT,bank=BANK,manufacturer=RAM maker,serial=S-17,part=P-17,speed=2667"
+)
+told="\
+/SMBIOS/Type1/Manufacturer = Maker
+/SMBIOS/Type1/ProductName = Machine
+/SMBIOS/Type1/Version = v7
+/SMBIOS/Type1/SerialNo = S-1
+/SMBIOS/Type1/UUID = 00112233-4455-6677-8899-aabbccddeeff
+/SMBIOS/Type2[1]/Manufacturer = Board maker
+/SMBIOS/Type2[1]/Product = Board
+/SMBIOS/Type2[1]/AssetTag = A-2
+/SMBIOS/Type3/Manufacturer = Case maker
+/SMBIOS/Type3/AssetTagNo = A-3
+/SMBIOS/ProcessorInfo/TotalNoOfProcessor = 2
+/SMBIOS/ProcessorInfo/TotalNoOfProcessorPresent = 2
+/SMBIOS/ProcessorInfo[1]/SocketDesignation = SOCKET 0
+/SMBIOS/ProcessorInfo[2]/SocketDesignation = SOCKET 1
+/SMBIOS/ProcessorInfo[2]/ProcessorManufacturer = CPU maker
+/SMBIOS/ProcessorInfo[2]/MaxSpeed = 3100
+/SMBIOS/ProcessorInfo[2]/CurrentSpeed = 2900
+/SMBIOS/ProcessorInfo[2]/CoreCount = 2
+/SMBIOS/MemoryArray/TotalNoOfArray = 1
+/SMBIOS/MemoryArray[1]/TotalNoOfDevicePresent = 1
+/SMBIOS/MemoryArray[1]/MemoryDevice[1]/Size = 640
+/SMBIOS/MemoryArray[1]/MemoryDevice[1]/DeviceLocator = SLOT 0
+/SMBIOS/MemoryArray[1]/MemoryDevice[1]/Speed = 2667
+/SMBIOS/MemoryArray[1]/MemoryDevice[1]/PartNumber = P-17
+status 0"
+
+# Gets a machine's kernel and shell from Debian's packages, once. Keeps the lists of packages apart from this system's,
+# which need not have that architecture.
+fetch_machine() { # ARCHITECTURE
+    local folder=$PWD/build/vm/$1 kernel
+    [ -e "$folder/busybox" ] && return
+    local for_machine=(-o APT::Architecture="$1" -o APT::Architectures="$1" -o Acquire::Languages=none
+        -o Dir::State="$folder" -o Dir::State::Lists="$folder/lists" -o Dir::State::Status=/dev/null
+        -o Dir::Cache="$folder" -o APT::Sandbox::User=root)
+    mkdir -p "$folder"/{lists,archives}/partial
+    apt-get "${for_machine[@]}" update -qq || true # the packages may be in those lists that can be read
+    kernel=$(apt-cache "${for_machine[@]}" depends "linux-image-cloud-$1" | awk '/Depends:/ { print $2; exit }')
+    (cd "$work" && apt-get "${for_machine[@]}" download -qq "$kernel" busybox-static)
+    unpack "$kernel" './boot/vmlinuz-*' "$folder/vmlinuz"
+    unpack busybox-static '*bin/busybox' "$folder/busybox"
+}
+
+unpack() { # PACKAGE PATTERN FILE
+    dpkg-deb --fsys-tarfile "$work/$1"_*.deb | tar -xO --wildcards "$2" >"$work/unpacked"
+    mv "$work/unpacked" "$3"
+}
+
+# Makes a file of each structure in standard input, a line each. `given` becomes the emulator's arguments for them.
+read_structures() {
+    local line
+    given=()
+    while read -r line; do
+        given+=(-smbios "file=$work/structure-${#given[@]}")
+        # Behind an entry point, make-image adds no end structure.
+        printf 'entry 2.7\n%s\n' "$line" | "${make_image[@]}" | tail -c +32 >"${given[-1]#file=}"
+    done
+}
+
+# Boots a machine, of which all that follows speaks.
+boot() { # NAME ARCHITECTURE EMULATOR_ARGUMENTS...
+    local root=$work/root
+    machine=$1
+    fetch_machine "$2"
+    mkdir -p "$root"/{bin,dev,etc,proc,sys,tmp,run/lock}
+    install scripts/vm/init "$root"
+    install "build/vm/$2/busybox" "$tool" "$root/bin"
+    (cd "$root" && find . | cpio -o -H newc --quiet) >"$work/initramfs"
+    check "$machine: boots and comes to its end" run_to_end -kernel "build/vm/$2/vmlinuz" "${@:3}"
+}
+
+# What the machine says goes to $work/said.
+run_to_end() { # EMULATOR_ARGUMENTS...
+    : >"$work/console"
+    "${emulator[@]}" "${hardware[@]}" -nodefaults -nographic -no-reboot -serial "file:$work/console" \
+        -initrd "$work/initramfs" -append "console=$console quiet loglevel=0 panic=-1" "$@" </dev/null || true
+    tr -d '\r' <"$work/console" >"$work/said"
+    tail -n 5 "$work/said"
+    grep -a -x '== end' "$work/said"
+}
+
+# What the machine said in a situation.
+said() { # SITUATION
+    awk -v mark="== $1" '$0 == mark { inside = 1; next } /^== / { inside = 0 } inside' "$work/said"
+}
+
+# Checks that the machine said these lines, and maybe others.
+says() { # SITUATION NAME LINES
+    check_same "$machine: $2" "$3" "$(grep -a -Fx -f <(said "$1") <<<"$3")"
+}
+
+# Checks that the machine said these lines and no others.
+says_only() { # SITUATION NAME LINES
+    check_same "$machine: $2" "$3" "$(said "$1")"
+}
