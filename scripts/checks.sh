@@ -53,6 +53,7 @@ build_googletest() {
 
 # Lets Windows programs run with settings of their own.
 use_wine() {
-    export WINEPREFIX=$work/wine WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
+    export WINEPREFIX=$work/wine WINEARCH=win64 WINEDEBUG=-all
+    export WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe="
     PATH=$PATH:/usr/lib/wine # wineserver
 }

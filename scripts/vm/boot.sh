@@ -7,40 +7,26 @@
 
 # The arguments for a machine with 640 MiB of memory and 2 sockets of 2 cores, and what its tree then contains.
 hardware=(-m 640 -smp 4,sockets=2,cores=2)
+uuid=00112233-4455-6677-8899-aabbccddeeff
 identity=(
     -smbios "type=0,vendor=Test firmware,version=4.2,date=02/03/2004,release=5.6"
-    -smbios "type=1,manufacturer=Maker,product=Machine,version=v7,serial=S-1,uuid=00112233-4455-6677-8899-aabbccddeeff"
+    -smbios "type=1,manufacturer=Maker,product=Machine,version=v7,serial=S-1,uuid=$uuid"
     -smbios "type=2,manufacturer=Board maker,product=Board,version=v8,serial=S-2,asset=A-2"
     -smbios "type=3,manufacturer=Case maker,version=v9,serial=S-3,asset=A-3"
-    -smbios "type=4,sock_pfx=SOCKET,manufacturer=CPU maker,version=CPU,serial=S-4,max-speed=3100,current-speed=2900"
+    -smbios "type=4,sock_pfx=SOCKET,manufacturer=CPU maker,serial=S-4,max-speed=3100,current-speed=2900"
     -smbios "type=17,loc_pfx=SLOT,bank=BANK,manufacturer=RAM maker,serial=S-17,part=P-17,speed=2667"
 )
 told="\
-/SMBIOS/Type1/Manufacturer = Maker
-/SMBIOS/Type1/ProductName = Machine
-/SMBIOS/Type1/Version = v7
-/SMBIOS/Type1/SerialNo = S-1
-/SMBIOS/Type1/UUID = 00112233-4455-6677-8899-aabbccddeeff
-/SMBIOS/Type2[1]/Manufacturer = Board maker
-/SMBIOS/Type2[1]/Product = Board
-/SMBIOS/Type2[1]/AssetTag = A-2
-/SMBIOS/Type3/Manufacturer = Case maker
-/SMBIOS/Type3/AssetTagNo = A-3
-/SMBIOS/ProcessorInfo/TotalNoOfProcessor = 2
-/SMBIOS/ProcessorInfo/TotalNoOfProcessorPresent = 2
-/SMBIOS/ProcessorInfo[1]/SocketDesignation = SOCKET 0
-/SMBIOS/ProcessorInfo[2]/SocketDesignation = SOCKET 1
-/SMBIOS/ProcessorInfo[2]/ProcessorManufacturer = CPU maker
-/SMBIOS/ProcessorInfo[2]/MaxSpeed = 3100
-/SMBIOS/ProcessorInfo[2]/CurrentSpeed = 2900
-/SMBIOS/ProcessorInfo[2]/CoreCount = 2
-/SMBIOS/MemoryArray/TotalNoOfArray = 1
-/SMBIOS/MemoryArray[1]/TotalNoOfDevicePresent = 1
-/SMBIOS/MemoryArray[1]/MemoryDevice[1]/Size = 640
-/SMBIOS/MemoryArray[1]/MemoryDevice[1]/DeviceLocator = SLOT 0
-/SMBIOS/MemoryArray[1]/MemoryDevice[1]/Speed = 2667
-/SMBIOS/MemoryArray[1]/MemoryDevice[1]/PartNumber = P-17
-status 0"
+Type1/ Manufacturer = Maker; ProductName = Machine; Version = v7; SerialNo = S-1; UUID = $uuid
+Type2[1]/ Manufacturer = Board maker; Product = Board; AssetTag = A-2
+Type3/ Manufacturer = Case maker; AssetTagNo = A-3
+ProcessorInfo/ TotalNoOfProcessor = 2; TotalNoOfProcessorPresent = 2
+ProcessorInfo[1]/ SocketDesignation = SOCKET 0
+ProcessorInfo[2]/ SocketDesignation = SOCKET 1; ProcessorManufacturer = CPU maker; CoreCount = 2
+ProcessorInfo[2]/ MaxSpeed = 3100; CurrentSpeed = 2900
+MemoryArray/ TotalNoOfArray = 1
+MemoryArray[1]/ TotalNoOfDevicePresent = 1
+MemoryArray[1]/MemoryDevice[1]/ Size = 640; DeviceLocator = SLOT 0; Speed = 2667; PartNumber = P-17"
 
 # Gets a machine's kernel and shell from Debian's packages, once. Keeps the lists of packages apart from this system's,
 # which need not have that architecture.
@@ -101,9 +87,14 @@ said() { # SITUATION
     awk -v mark="== $1" '$0 == mark { inside = 1; next } /^== / { inside = 0 } inside' "$work/said"
 }
 
-# Checks that the machine said these lines, and maybe others.
+# Checks that the machine succeeded and said these lines, and maybe others.
 says() { # SITUATION NAME LINES
-    check_same "$machine: $2" "$3" "$(grep -a -Fx -f <(said "$1") <<<"$3")"
+    check_same "$machine: $2" "$3"$'\n'"status 0" "$(grep -a -Fx -f <(said "$1") <<<"$3"$'\n'"status 0")"
+}
+
+# Checks that the machine's tree has some leaves: "Type3/ Version = v9; SerialNo = S-3" is a node with two of them.
+has() { # SITUATION NAME LEAVES
+    says "$1" "$2" "$(awk '{ gsub(/; /, "\n/SMBIOS/" $1); sub(/\/ /, "/"); print "/SMBIOS/" $0 }' <<<"$3")"
 }
 
 # Checks that the machine said these lines and no others.
