@@ -1,4 +1,7 @@
-# Checks that do not end a script when they fail, and what several scripts check with; sourced by them.
+# The start of a script with checks; sourced by it. A check that fails does not end the script.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/common.sh
 
 failures=0
 work=$(mktemp -d) # for files; goes when the script ends
@@ -15,17 +18,16 @@ trap clean_up EXIT
 # Runs a command and says whether it succeeds. If it fails, shows the end of its output.
 # Usage: check NAME COMMAND...
 check() {
-    local start=$SECONDS status seconds
+    local start=$SECONDS status
     set +e
     (set -ex; "${@:2}") >"$work/log" 2>&1
     status=$?
     set -e
-    seconds=" ($((SECONDS - start)) s)"
     if [ $status -eq 0 ]; then
-        echo "PASS $1${seconds/ (0 s)/}"
+        echo "PASS $1 ($((SECONDS - start)) s)"
         return
     fi
-    echo "FAIL $1$seconds"
+    echo "FAIL $1 ($((SECONDS - start)) s)"
     tail -n 40 "$work/log"
     failures=$((failures + 1))
 }
@@ -36,7 +38,7 @@ check_same() { # NAME EXPECTED_TEXT ACTUAL_TEXT
     check "$1" diff -u "$work/expected" "$work/actual"
 }
 
-# Ends the script: with status 1 if a check has failed.
+# Ends the script, with status 1 if a check failed.
 finish() {
     [ $failures -eq 0 ] || echo "$failures checks failed"
     exit $((failures > 0))

@@ -1,11 +1,10 @@
 # Boots emulated machines and checks what smbios-tree says in them; sourced by other scripts. They set
 #   emulator     the emulator and its first arguments
-#   console      the device at which the machine's kernel finds its serial port
 #   tool         smbios-tree for the machine; the libraries that it needs, if any, are put into $work/root
 #   make_image   the command that makes tables of text (samples/TableText.h)
 # vm/init says what happens in a machine.
 
-# The arguments for a machine with 640 MiB of memory and 2 sockets of 2 cores, and what its tree then contains.
+# The arguments for a machine with 640 MiB of memory and 2 sockets of 2 cores, and what its tree contains.
 hardware=(-m 640 -smp 4,sockets=2,cores=2)
 uuid=00112233-4455-6677-8899-aabbccddeeff
 identity=(
@@ -28,8 +27,8 @@ MemoryArray/ TotalNoOfArray = 1
 MemoryArray[1]/ TotalNoOfDevicePresent = 1
 MemoryArray[1]/MemoryDevice[1]/ Size = 640; DeviceLocator = SLOT 0; Speed = 2667; PartNumber = P-17"
 
-# Gets a machine's kernel and shell from Debian's packages, once. Keeps the lists of packages apart from this system's,
-# which need not have that architecture.
+# Gets a machine's kernel and shell from Debian's packages, once. Keeps the lists of packages apart from this
+# system's, which need not have that architecture.
 fetch_machine() { # ARCHITECTURE
     local folder=$PWD/build/vm/$1 kernel
     [ -e "$folder/busybox" ] && return
@@ -38,18 +37,15 @@ fetch_machine() { # ARCHITECTURE
         -o Dir::Cache="$folder" -o APT::Sandbox::User=root)
     mkdir -p "$folder"/{lists,archives}/partial
     apt-get "${for_machine[@]}" update -qq || true # the packages may be in those lists that can be read
-    kernel=$(apt-cache "${for_machine[@]}" depends "linux-image-cloud-$1" | awk '/Depends:/ { print $2; exit }')
+    kernel=$(apt-cache "${for_machine[@]}" depends -i "linux-image-cloud-$1" | sed -n 's/.*Depends: //p')
     (cd "$work" && apt-get "${for_machine[@]}" download -qq "$kernel" busybox-static)
-    unpack "$kernel" './boot/vmlinuz-*' "$folder/vmlinuz"
-    unpack busybox-static '*bin/busybox' "$folder/busybox"
+    dpkg-deb --fsys-tarfile "$work/$kernel"_*.deb | tar -xO --wildcards './boot/vmlinuz-*' >"$folder/vmlinuz"
+    dpkg-deb --fsys-tarfile "$work"/busybox-static_*.deb | tar -xO --wildcards '*bin/busybox' >"$work/busybox"
+    mv "$work/busybox" "$folder"
 }
 
-unpack() { # PACKAGE PATTERN FILE
-    dpkg-deb --fsys-tarfile "$work/$1"_*.deb | tar -xO --wildcards "$2" >"$work/unpacked"
-    mv "$work/unpacked" "$3"
-}
-
-# Makes a file of each structure in standard input, a line each. `given` becomes the emulator's arguments for them.
+# Makes a file of each structure in standard input, a line each. `given` becomes the emulator's arguments for
+# them.
 read_structures() {
     local line
     given=()
@@ -76,7 +72,7 @@ boot() { # NAME ARCHITECTURE EMULATOR_ARGUMENTS...
 run_to_end() { # EMULATOR_ARGUMENTS...
     : >"$work/console"
     "${emulator[@]}" "${hardware[@]}" -nodefaults -nographic -no-reboot -serial "file:$work/console" \
-        -initrd "$work/initramfs" -append "console=$console quiet loglevel=0 panic=-1" "$@" </dev/null || true
+        -initrd "$work/initramfs" -append "console=ttyS0 console=ttyAMA0 quiet loglevel=0 panic=-1" "$@" </dev/null || true
     tr -d '\r' <"$work/console" >"$work/said"
     tail -n 5 "$work/said"
     grep -a -x '== end' "$work/said"
@@ -92,7 +88,8 @@ says() { # SITUATION NAME LINES
     check_same "$machine: $2" "$3"$'\n'"status 0" "$(grep -a -Fx -f <(said "$1") <<<"$3"$'\n'"status 0")"
 }
 
-# Checks that the machine's tree has some leaves: "Type3/ Version = v9; SerialNo = S-3" is a node with two of them.
+# Checks that the machine's tree has some leaves: "Type3/ Version = v9; SerialNo = S-3" is a node with two of
+# them.
 has() { # SITUATION NAME LEAVES
     says "$1" "$2" "$(awk '{ gsub(/; /, "\n/SMBIOS/" $1); sub(/\/ /, "/"); print "/SMBIOS/" $0 }' <<<"$3")"
 }
@@ -100,4 +97,8 @@ has() { # SITUATION NAME LEAVES
 # Checks that the machine said these lines and no others.
 says_only() { # SITUATION NAME LINES
     check_same "$machine: $2" "$3" "$(said "$1")"
+}
+
+refuses() { # SITUATION NAME MESSAGE
+    says_only "$1" "$2" "$3"$'\n'"status 1"
 }
