@@ -48,9 +48,9 @@ finish() {
 # Usage: build_googletest FOLDER CMAKE_ARGUMENTS...
 build_googletest() {
     [ -e "$1/lib/cmake/GTest/GTestConfig.cmake" ] && return
-    cmake -S /usr/src/googletest -B "$1/build" -G Ninja -DBUILD_GMOCK=OFF -DCMAKE_INSTALL_PREFIX="$PWD/$1" \
-        -DCMAKE_INSTALL_LIBDIR=lib "${@:2}" >/dev/null
-    cmake --build "$1/build" --target install >/dev/null
+    quietly cmake -S /usr/src/googletest -B "$1/build" -G Ninja -DBUILD_GMOCK=OFF -DCMAKE_INSTALL_PREFIX="$PWD/$1" \
+        -DCMAKE_INSTALL_LIBDIR=lib "${@:2}"
+    quietly cmake --build "$1/build" --target install
 }
 
 # Lets Windows programs run with settings of their own.
