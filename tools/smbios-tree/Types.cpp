@@ -62,7 +62,7 @@ std::string WordsOfTypes()
 std::string LinesOfWords()
 {
     std::string lines;
-    for (const Type& type : Types)
+    for (const StructureType& type : StructureTypes)
         lines.append(type.Word).append("\t").append(type.Title).append("\n");
     return lines;
 }
@@ -70,7 +70,7 @@ std::string LinesOfWords()
 std::string LinesOfPaths()
 {
     std::string lines;
-    for (const Type& type : Types)
+    for (const StructureType& type : StructureTypes)
         lines.append("/SMBIOS/Type")
             .append(std::to_string(type.Number))
             .append("\t")
