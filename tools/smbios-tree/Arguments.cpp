@@ -115,7 +115,7 @@ void AddChoices(CLI::App& app, Arguments& arguments, Words& words)
     app.add_option("--read-as", words.ReadAs, "The same, as this version instead of the table's own")
         ->type_name("VERSION")
         ->check(OneOf(Versions));
-    app.add_flag("--newest", words.Newest, "Read as without these options");
+    app.add_flag("--newest", words.Newest, "Read all that the newest standard knows: the default");
 }
 
 void AddForms(CLI::App& app, Arguments& arguments, Words& words)
