@@ -7,10 +7,15 @@
 #include <string>
 #include <vector>
 
-inline const char* const Introduction = R"(# Paths
+inline const char* const Introduction = R"(# Paths by version
 
-Every path that a caller can ask for, and every text that can stand there. This page is generated from the
-library's catalogues by `scripts/generate`; a test fails where it is stale.
+Every path of an object that reads by version, and every text that can stand there.
+[paths-newest.md](paths-newest.md) has those of `Reading::Newest`. This page is generated from the library's
+catalogue by `scripts/generate`; a test fails where it is stale.
+
+**Fields behind the end of a structure are read out of its strings.** By version a field is read wherever the
+table goes on, whatever the structure's length says. A board of 8 bytes with the strings `Maker` and `Board` has
+a `ChassisHandle` of 29285: those are the letters `er`. Where that must not be, read with `Reading::Newest`.
 
 - Paths begin with the root: `/SMBIOS` here, or what the caller gave to the constructor. They are exact: case,
   blanks and odd spellings count.
