@@ -116,12 +116,14 @@ void PrintLeaf(std::ostream& out, const std::string& name, int lowest, int highe
         << lowest << " | " << texts << " |\n";
 }
 
-/// "; FFh unknown": each special value, of so many bits.
-std::string SpecialWords(const Table& values, int bits)
+/// "; FFh unknown": each special value that the revision has, of so many bits.
+std::string SpecialWords(const Table& values, int bits, Revision revision)
 {
     std::string words;
     for (std::size_t i = 0; i < values.SpecialCount; ++i) {
         const Row& row = values.Specials[i];
+        if (!row.Has(revision))
+            continue;
         const std::string number = row.Value == 0 ? "0" : InHex(row.Value, (bits + 3) / 4);
         const std::string ofMany = row.Value == 0 ? "all 0" : "all F";
         words += "; " + (bits > 64 ? ofMany : number) + " " + row.Text;
@@ -146,7 +148,7 @@ std::string TextsOf(const Part& part)
     if (part.Values.Kind == TableKind::None) {
         const std::string unit = WordsOf(part.Values.CountsIn);
         return "the number" + (unit.empty() ? "" : ", " + unit) +
-               SpecialWords(part.Values, part.HighBit - part.LowBit + 1);
+               SpecialWords(part.Values, part.HighBit - part.LowBit + 1, Newest);
     }
     std::string texts;
     for (std::size_t i = 0; i < part.Values.RowCount; ++i) {
@@ -234,13 +236,15 @@ std::string WordsOf(const FieldPlace& place, const std::string& links)
     }
 }
 
-std::string MeaningOf(const FieldPlace& place)
+std::string MeaningOf(const FieldPlace& place, Revision revision)
 {
     const Field& field = place.Field;
     const Table& values = field.Values;
     if (field.Interpretation == FieldInterpretation::String && values.SpecialCount != 0)
         return std::string(field.Meaning) + "; no string: " + values.Specials[0].Text;
-    const std::string special = field.HasFixedWidth() ? SpecialWords(values, 8 * field.Size()) : "";
+    std::string special = field.HasFixedWidth() ? SpecialWords(values, 8 * field.Size(), revision) : "";
+    if (revision == Newest && field.CountOffset != 0)
+        special += "; not there where " + FieldAt(place.Section, field.CountOffset) + " is 0";
     if (values.CountsIn == Unit::Handle)
         return "handle of " + TargetWords(values) + ": " + field.Meaning + special;
     const std::string unit = WordsOf(values.CountsIn);

@@ -29,8 +29,8 @@ std::string FieldAt(const Protocol::SMBIOS::Catalogue::Section& section, int off
 /// What stands at the field: "leaf: a string". `links` is the place that explains handles.
 std::string WordsOf(const FieldPlace& place, const std::string& links);
 
-/// What the field tells, with its unit and its special values.
-std::string MeaningOf(const FieldPlace& place);
+/// What the field tells, with its unit and the special values that the revision has.
+std::string MeaningOf(const FieldPlace& place, Protocol::SMBIOS::Catalogue::Revision revision);
 
 /// Whether a leaf with the number itself stands beside the field.
 bool HasRawLeaf(const FieldPlace& place);

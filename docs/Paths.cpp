@@ -19,8 +19,8 @@ using namespace Protocol::SMBIOS::Catalogue;
 
 namespace {
 
-constexpr const char* RevisionNames[] = {"2.0", "2.1", "2.2", "2.3", "2.4", "2.5", "2.6", "2.7", "2.8",
-                                         "3.0", "3.1", "3.2", "3.3", "3.4", "3.5", "3.6", "3.7", "3.8"};
+constexpr const char* RevisionNames[] = {"2.0", "2.1", "2.2", "2.3", "2.4", "2.5", "2.6", "2.7", "2.8", "3.0",
+                                         "3.1", "3.2", "3.3", "3.4", "3.5", "3.6", "3.7", "3.8", "3.9"};
 static_assert(std::size(RevisionNames) == Newest + 1);
 
 /// One of the documents: what is read with the newest catalogue, or with those by version, in all of them.
@@ -113,8 +113,8 @@ void PrintField(std::ostream& out, const FieldPlace& place, const Document& docu
     const std::string path =
         "/" + (isOfGroup ? std::string(place.Section.Name) + "[n]/" : std::string()) + field.Name;
     const std::string where = " | " + InHex(field.Offset, 2) + " | " + RevisionNames[field.From] + " | ";
-    out << "| " << Code(path) << where << WordsOf(place, document.Links) << " | " << MeaningOf(place)
-        << " |\n";
+    out << "| " << Code(path) << where << WordsOf(place, document.Links) << " | "
+        << MeaningOf(place, document.Last) << " |\n";
     if (HasRawLeaf(place))
         out << "| " << Code(path + "_Raw") << where
             << "leaf: the number itself | no node lists it, only its own path finds it |\n";
@@ -219,6 +219,10 @@ void PrintType(std::ostream& out, const Type& type, const Document& document)
         out << ", " << Code(path + "[2]") << ", ...";
     out << '\n';
     PrintSections(out, type, document);
+    if (document.IsNewest() && type.Older != nullptr) {
+        out << "\nIn a table older than version " << type.Since.Major << "." << type.Since.Minor << ":\n";
+        PrintSections(out, *type.Older, document);
+    }
     for (const TypeNote& note : NewestNotes) {
         if (document.IsNewest() && note.Type == type.Number)
             out << '\n' << note.Words << '\n';

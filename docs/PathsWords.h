@@ -88,7 +88,7 @@ An object made by `CreateInstance` has one more leaf, which an object built from
 inline const char* const NewestIntroduction = R"(# Paths of the newest catalogue
 
 Every path of an object that was asked to read with the newest catalogue, and every text that can stand there. It
-knows revision 3.8 of the standard, and reads tables of any version:
+knows revision 3.9 of the standard, and reads tables of any version:
 
 ```cpp
 SMBIOSProtocolImpl machine(TableImage::OfThisMachine(), Reading::Newest);
@@ -113,14 +113,15 @@ What differs from reading by version:
 - **Types without a table** below, such as those of a maker of its own, have a node where the machine has such a
   structure: `/SMBIOS/Type221[1]` with `/Data`, its bytes behind the header in hexadecimal, such as `0X0403`
   (missing where there are none), and `/String[n]`.
-- **Links** lead to structures of every type.
+- **Links** lead to structures of every type: where several have the handle, to the last of them in the table alone.
 - **No `/SPD_RAW`**: physical memory is not touched.
 
 A name can hold "/": `/SMBIOS/Type0/BIOSCharacteristics/VL/VESA` is one leaf below `BIOSCharacteristics`. So a path
 is not to be taken apart at its slashes; `NodeView` gives a node's name and its children.
 
 Numbers are decimal in the tree, also where a special value reads better in hexadecimal here: FFFFh is the text
-`65535`, and 8000h of a number with a sign is `-32768`. A value without a text of its own reads as an empty text.
+`65535`, and 8000h of a number with a sign is `-32768`. A value without a text of its own reads as its number, such
+as `0x58`: two hexadecimal digits for each byte of the field, two for a leaf with some bits of it. No text begins so.
 
 `/SMBIOS` is an inner node: it lists a node for each type below, which is there whether or not the machine has such
 a structure, and for each other type that the machine has, by rising number; then
@@ -152,8 +153,7 @@ inline constexpr TypeNote NewestNotes[] = {
     {42, "The values 0x00 to 0x3F of `InterfaceType` are MCTP host interfaces, whose list DMTF keeps in "
          "another document (DSP0239); any of them without a row is such an interface still. Where "
          "`InterfaceType` is F0h, the first four bytes of the data are the IANA enterprise number of the "
-         "vendor, high byte first. The layout from 05h on holds for tables of version 3.2 and later; in a "
-         "table of an older version the structure has `InterfaceType` alone."},
+         "vendor, high byte first. A table without a version is taken for one of the newest."},
     {44, "What the data mean is laid down by the groups that look after each architecture, not by this "
          "standard; they are kept as raw bytes. The data end with the structure where `BlockLength` reaches "
          "beyond it."},

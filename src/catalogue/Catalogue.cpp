@@ -70,9 +70,12 @@ Tables TablesOf(Revision revision, TableVersion version)
     Tables tables;
     tables.reserve(AllTypes.size());
     for (const Type* type : AllTypes) {
-        const bool hasSections = revision == Newest && !(version < type->SectionsSince);
-        if (revision >= type->From)
-            tables.emplace(type->Number, SMBTable{type, revision, hasSections ? type->SectionCount : 0});
+        if (revision < type->From)
+            continue;
+        const bool isOlder = type->Older != nullptr && version.IsOlderThan(type->Since);
+        const Type* const layout = isOlder ? type->Older : type;
+        const std::size_t sectionCount = revision == Newest ? layout->SectionCount : 0;
+        tables.emplace(type->Number, SMBTable{layout, revision, sectionCount});
     }
     return tables;
 }

@@ -48,11 +48,12 @@ enum Revision : unsigned char {
     V3_5,
     V3_6,
     V3_7,
-    V3_8
+    V3_8,
+    V3_9
 };
 
 /// The revision whose catalogue reads tables of any version, with sections.
-constexpr Revision Newest = V3_8;
+constexpr Revision Newest = V3_9;
 /// The mark of the rows and types that the newest catalogue alone reads, whichever revision brought them.
 constexpr Revision Later = V2_8;
 
@@ -265,6 +266,7 @@ struct Field {
     Revision From; ///< that brought it; V2_3, or an older one where catalogues by version read the field
     const char* Meaning; ///< what it tells; unit, special values and a handle's types stand in Values
     Table Values = {};
+    int CountOffset = 0; ///< where records begin: of their count, without which the newest has no such field
 
     constexpr bool HasFixedWidth() const { return Width < RestOfRecord; }
     constexpr int Size() const { return Width == StringReference ? 1 : Width; } ///< bytes, of a fixed width
@@ -313,9 +315,11 @@ struct TableVersion {
     int Major = 0;
     int Minor = 0;
 
-    constexpr bool operator<(const TableVersion& other) const
+    /// A table of version 0.0 has none, and is taken for one of the newest.
+    constexpr bool IsOlderThan(const TableVersion& other) const
     {
-        return Major != other.Major ? Major < other.Major : Minor < other.Minor;
+        const bool isKnown = Major != 0 || Minor != 0;
+        return isKnown && (Major != other.Major ? Major < other.Major : Minor < other.Minor);
     }
 };
 
@@ -372,13 +376,23 @@ struct Type {
     {
     }
 
-    /// `sections` stand behind the fields, in tables of version `since` and later.
+    /// `sections` stand behind the fields.
     template <std::size_t N, std::size_t M>
     constexpr Type(unsigned char number, Instances instances, Revision from, const Field (&fields)[N],
-                   const Section (&sections)[M], TableVersion since = {})
+                   const Section (&sections)[M])
         : Number(number), Indexed(instances == Instances::Indexed), From(from), Fields(fields), FieldCount(N),
-          First(FieldsOf(fields)), Sections(sections), SectionCount(M), SectionsSince(since)
+          First(FieldsOf(fields)), Sections(sections), SectionCount(M)
     {
+    }
+
+    /// The same, but in tables older than `since` all is as in `older`.
+    template <std::size_t N, std::size_t M>
+    constexpr Type(unsigned char number, Instances instances, Revision from, const Field (&fields)[N],
+                   const Section (&sections)[M], TableVersion since, const Type& older)
+        : Type(number, instances, from, fields, sections)
+    {
+        Since = since;
+        Older = &older;
     }
 
     /// How many of the fields a revision has. They are the first ones: a revision adds at the end.
@@ -398,7 +412,8 @@ struct Type {
     Section First; ///< of the newest revision: the fields
     const Section* Sections = nullptr;
     std::size_t SectionCount = 0;
-    TableVersion SectionsSince;
+    TableVersion Since; ///< of a type with an older layout: the version of the tables that have this one
+    const Type* Older = nullptr;
 };
 
 } // namespace Protocol::SMBIOS::Catalogue

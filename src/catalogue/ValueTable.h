@@ -11,7 +11,9 @@ namespace Protocol::SMBIOS {
 
 class ValueTable {
 public:
-    ValueTable(const Catalogue::Table& table, Catalogue::Revision revision) : Data(&table), Revision(revision)
+    /// Of values of so many bytes.
+    ValueTable(const Catalogue::Table& table, Catalogue::Revision revision, int width = 1)
+        : Data(&table), Revision(revision), Width(width)
     {
     }
 
@@ -24,6 +26,9 @@ public:
         const bool knowsLower = text.data() == nullptr && Revision == Catalogue::Newest;
         return knowsLower ? Text(Data->LowerRows, Data->LowerRowCount, value) : text;
     }
+
+    /// As how many hexadecimal digits a value reads that no row has; 0: it reads as an empty text.
+    int DigitsWithoutRow() const { return Revision == Catalogue::Newest ? 2 * Width : 0; }
 
     /// Calls `use` with each row that the revision has, by rising value.
     template <typename Use>
@@ -50,6 +55,7 @@ private:
 
     const Catalogue::Table* Data;
     Catalogue::Revision Revision;
+    int Width;
 };
 
 } // namespace Protocol::SMBIOS

@@ -3,6 +3,7 @@
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
 #include "catalogue/ValueTable.h"
+#include "decoding/HexNumber.h"
 #include "tree/NodeStore.h"
 
 #include <charconv>
@@ -24,7 +25,16 @@ unsigned long long NumberOf(std::string_view text)
     return isNegative ? 0 - number : number;
 }
 
-// A value without a row reads as empty text. A processor's family keeps its number beside the text, in a node
+// The text of a value. One without a row reads by version as empty text, with the newest catalogue as its
+// number.
+std::string_view TextOf(unsigned long long value, const ValueTable& table, NodeStore& nodes)
+{
+    const std::string_view text = table.Text(value);
+    const int digits = table.DigitsWithoutRow();
+    return text.data() != nullptr || digits == 0 ? text : nodes.Keep(HexNumber(value, digits));
+}
+
+// A processor's family keeps its number beside the text, in a node
 // that no other lists.
 void InterpretEnumeration(NodeStore& nodes, TreeNode& node, std::string_view value, std::string_view text)
 {
@@ -64,10 +74,10 @@ void SMBIOSProtocolImpl::FillFieldInterpretation(TreeNode& node, std::string_vie
         InterpretBits(*ResultNodes, node, number, table);
         break;
     case TableKind::Enumeration:
-        InterpretEnumeration(*ResultNodes, node, value, table.Text(number & 0xFFFFFFFF));
+        InterpretEnumeration(*ResultNodes, node, value, TextOf(number & 0xFFFFFFFF, table, *ResultNodes));
         break;
     case TableKind::MaskedEnumeration:
-        ResultNodes->Overwrite(node, NODE_LEAF, table.Text(number & 0x7F));
+        ResultNodes->Overwrite(node, NODE_LEAF, TextOf(number & 0x7F, table, *ResultNodes));
         break;
     case TableKind::BIOSRomSize:
         InsertLeafXNode(CalculateBIOSRomSize(low), node);

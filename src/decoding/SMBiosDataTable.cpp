@@ -1,6 +1,7 @@
 // From the structures of a type to nodes.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "decoding/HexNumber.h"
 #include "decoding/StructureDecoder.h"
 #include "tree/NodeStore.h"
 
@@ -10,19 +11,13 @@ namespace Protocol::SMBIOS {
 
 namespace {
 
-std::string HandleText(int handle)
-{
-    static constexpr char Digits[] = "0123456789ABCDEF";
-    std::string text = "0x";
-    for (int shift = 12; shift >= 0; shift -= 4)
-        text += Digits[handle >> shift & 0xF];
-    return text;
-}
+constexpr int HandleDigits = 4;
 
 } // namespace
 
 // Decodes structures of `type` below the node at `path`: all of them where `handle` is 0, each indexed one
-// below a node of its own; else those with this handle, all directly below `path`.
+// below a node of its own; else those with this handle, by version all directly below `path`, with the newest
+// catalogue the last in the table alone.
 const SMBTable& SMBIOSProtocolImpl::SMBiosDataTable(std::string_view path, int type, int handle)
 {
     const SMBTable& table = TypeTables.at(static_cast<unsigned char>(type));
@@ -30,7 +25,7 @@ const SMBTable& SMBIOSProtocolImpl::SMBiosDataTable(std::string_view path, int t
     const bool isNewest = table.ReadAs == Catalogue::Newest;
     const auto decode = [&](const SMBiosStructure& structure, TreeNode& node) {
         if (isNewest || handle != 0)
-            AddNode(node, "Handle", NODE_LEAF, ResultNodes->Keep(HandleText(structure.Handle)));
+            AddNode(node, "Handle", NODE_LEAF, ResultNodes->Keep(HexNumber(structure.Handle, HandleDigits)));
         StructureDecoder(*this, table, structure).Decode(node);
     };
 
@@ -39,6 +34,11 @@ const SMBTable& SMBIOSProtocolImpl::SMBiosDataTable(std::string_view path, int t
             const bool hasOwnNode = table.Definition->Indexed || (isNewest && i > 0);
             decode(table.Instances[i], hasOwnNode ? ResultNodes->AddInstance(top, i + 1) : top);
         }
+        return table;
+    }
+
+    if (isNewest) {
+        decode(*StructuresByHandle.at(static_cast<unsigned short>(handle)), top);
         return table;
     }
 

@@ -101,11 +101,18 @@ int StructureDecoder::DecodeFields(const Area& area, const Section& section, Tre
         if (field.From > Table.ReadAs)
             break;
         const int width = area.WidthOf(field);
-        if (area.Holds(field.Offset, width))
+        if (area.Holds(field.Offset, width) && HasRecords(area, field))
             DecodeField(area.Bytes + field.Offset, width, field, node);
         end = field.Offset + std::max(width, 0);
     }
     return end;
+}
+
+// Whether there are records where the field stands, or it stands where none could. By version that is not
+// asked.
+bool StructureDecoder::HasRecords(const Area& area, const Field& field) const
+{
+    return Table.ReadAs != Catalogue::Newest || field.CountOffset == 0 || area.ByteAt(field.CountOffset) != 0;
 }
 
 // The count of the records, and a length that is the same for all, stand in `before`. Gives the offset behind
@@ -158,7 +165,7 @@ void StructureDecoder::DecodeField(const unsigned char* bytes, int width, const 
         StorePlain(value, field, node);
     else
         Object.FillFieldInterpretation(Nodes.ListChild(node, "/", field.Name), value,
-                                       ValueTable(field.Values, Table.ReadAs));
+                                       ValueTable(field.Values, Table.ReadAs, width));
 }
 
 void StructureDecoder::DecodeParts(const unsigned char* bytes, int width, const Field& field, TreeNode& node)

@@ -42,6 +42,7 @@ private:
     int DecodeSection(const Area& area, const Area& before, const Catalogue::Section& section,
                       TreeNode& node);
     int DecodeFields(const Area& area, const Catalogue::Section& section, TreeNode& node);
+    bool HasRecords(const Area& area, const Catalogue::Field& field) const;
     int DecodeGroup(const Area& area, const Area& before, const Catalogue::Section& group, TreeNode& node);
     void DecodeStrings(std::string_view name, TreeNode& node);
     void DecodeField(const unsigned char* bytes, int width, const Catalogue::Field& field, TreeNode& node);

@@ -88,9 +88,18 @@ constexpr Field Fields[] = {
     {0x18, "ExtendedBIOSRomSize",               2,               Decimal, V3_1, "size of the firmware ROM (valid when `BIOSRomSize` is FFh)", Packed(ExtendedBIOSRomSizeParts).In(Unit::MegabytesOrGigabytes)},
 };
 
+constexpr Field VendorFields[] = {
+    {0x0E, "BIOSVendorCharacteristics",   2, Hex, V2_0, "bits 32 to 47 of `BIOSCharacteristics`, the firmware vendor's own"},
+    {0x10, "SystemVendorCharacteristics", 2, Hex, V2_0, "bits 48 to 63, the system vendor's own"},
+};
+
+constexpr Section Sections[] = {
+    FieldsOf(VendorFields),
+};
+
 } // namespace
 
-constexpr Type Type000BiosInformation{0, Instances::Shared, V2_3, Fields};
+constexpr Type Type000BiosInformation{0, Instances::Shared, V2_3, Fields, Sections};
 static_assert(IsWellFormed(Type000BiosInformation));
 
 } // namespace Protocol::SMBIOS::Catalogue

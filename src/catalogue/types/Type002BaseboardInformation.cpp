@@ -41,7 +41,7 @@ constexpr Field Fields[] = {
     {0x0B, "ChassisHandle",        2,               Decimal, V2_3, "the chassis that holds the board",                             HandleOf(3)},
     {0x0D, "BoardType",            1,               Decimal, V2_3, "board type",                                                   Enumeration(BoardTypeRows)},
     {0x0E, "NumOfObjectHandles",   1,               Decimal, V2_3, "number of `ContainedObject` records"},
-    {0x0F, "ContainObjectHandles", 2,               Decimal, V2_3, "the first contained object; see `ContainedObject[n]` for all", HandleOf()},
+    {0x0F, "ContainObjectHandles", 2,               Decimal, V2_3, "the first contained object; see `ContainedObject[n]` for all", HandleOf(), CountAt(0x0E)},
 };
 
 constexpr Field ContainedObjectFields[] = {

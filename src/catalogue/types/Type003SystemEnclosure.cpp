@@ -65,6 +65,20 @@ constexpr Row SecurityStatusRows[] = {
     {0x05, "External interface enabled"},
 };
 
+constexpr Row ChassisLockRows[] = {
+    {0x00, "Not present, or unknown"},
+    {0x01, "Present"},
+};
+
+constexpr Part ChassisTypeAndLockParts[] = {
+    {"ChassisLock", 7, 7, Enumeration(ChassisLockRows)},
+};
+
+constexpr Row RackTypeRows[] = {
+    {0x00, "Unspecified"},
+    {0x01, "OU (Open Rack Unit)"},
+};
+
 constexpr Row ContainedElementTypeSelectRows[] = {
     {0x00, "SMBIOS baseboard type"},
     {0x01, "SMBIOS structure type"},
@@ -73,6 +87,11 @@ constexpr Row ContainedElementTypeSelectRows[] = {
 constexpr Part ContainedElementTypeParts[] = {
     {"ContainedElementTypeNumber", 0, 6},
     {"ContainedElementTypeSelect", 7, 7, Enumeration(ContainedElementTypeSelectRows)},
+};
+
+constexpr Row HeightSpecials[] = {
+    {0, "not given"},
+    {0xFF, "see `RackHeight`", Later},
 };
 
 constexpr Field Fields[] = {
@@ -86,11 +105,15 @@ constexpr Field Fields[] = {
     {0x0B, "ThermalState",                 1,               Decimal, V2_3, "thermal state at the last boot",                                                  Enumeration(ChassisStateRows)},
     {0x0C, "SecurityStatus",               1,               Decimal, V2_3, "security state at the last boot",                                                 Enumeration(SecurityStatusRows)},
     {0x0D, "OEMdefined",                   4,               Decimal, V2_3, "OEM value"},
-    {0x11, "Height",                       1,               Decimal, V2_3, "height",                                                                          In(Unit::RackUnits).Except(NotGivenIf0)},
+    {0x11, "Height",                       1,               Decimal, V2_3, "height",                                                                          In(Unit::RackUnits).Except(HeightSpecials)},
     {0x12, "NumberofPowerCords",           1,               Decimal, V2_3, "number of power cords",                                                           Plain.Except(NotGivenIf0)},
     {0x13, "ContainedElementCount",        1,               Decimal, V2_3, "number of `ContainedElement` records"},
     {0x14, "ContainedElementRecordLength", 1,               Decimal, V2_3, "length of a `ContainedElement` record",                                           In(Unit::Bytes)},
-    {0x15, "ContainedElements",            1,               Decimal, V2_3, "first byte of the records, or, where there are none, of what stands behind them"},
+    {0x15, "ContainedElements",            1,               Decimal, V2_3, "first byte of the records, or, where there are none, of what stands behind them", Plain, CountAt(0x13)},
+};
+
+constexpr Field LockFields[] = {
+    {0x05, "ChassisTypeAndLock", 1, Decimal, V2_0, "the byte of `ChassisType`, for its bit 7", Packed(ChassisTypeAndLockParts)},
 };
 
 constexpr Field ContainedElementFields[] = {
@@ -100,10 +123,13 @@ constexpr Field ContainedElementFields[] = {
 };
 
 constexpr Field BehindContainedElementFields[] = {
-    {0x00, "SKUNumber", StringReference, String, V2_7, "SKU number of the chassis"},
+    {0x00, "SKUNumber",  StringReference, String,  V2_7, "SKU number of the chassis"},
+    {0x01, "RackType",   1,               Decimal, V3_9, "unit in which `RackHeight` counts",                            Enumeration(RackTypeRows)},
+    {0x02, "RackHeight", 1,               Decimal, V3_9, "height of the enclosure (valid when `Height` is FFh)", In(Unit::OfRackType).Except(NotGivenIf0)},
 };
 
 constexpr Section Sections[] = {
+    FieldsOf(LockFields),
     Group("ContainedElement", 0x15, CountAt(0x13), EachAsSaidAt(0x14), ContainedElementFields),
     FieldsBehind(BehindContainedElementFields),
 };

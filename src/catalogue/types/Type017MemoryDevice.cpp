@@ -25,6 +25,8 @@ constexpr Row FormFactorRows[] = {
     {0x0F, "FB-DIMM", V2_5},
     {0x10, "Die", Later},
     {0x11, "CAMM", Later},
+    {0x12, "CUDIMM", Later},
+    {0x13, "CSODIMM", Later},
 };
 
 constexpr Row MemoryTypeRows[] = {
@@ -65,6 +67,7 @@ constexpr Row MemoryTypeRows[] = {
     {0x22, "DDR5", Later},
     {0x23, "LPDDR5", Later},
     {0x24, "HBM3 (High Bandwidth Memory Generation 3)", Later},
+    {0x25, "MRDIMM", Later},
 };
 
 constexpr Row TypeDetailRows[] = {

@@ -23,7 +23,8 @@ constexpr Field Fields[] = {
 };
 
 constexpr Field CodeFields[] = {
-    {0x0A, "BootStatusCode", 1, Decimal, V2_3, "the first byte of `BootStatus`, which many structures hold alone", Enumeration(BootStatusCodeRows)},
+    {0x0A, "BootStatusCode", 1,            Decimal, V2_3, "the first byte of `BootStatus`, which many structures hold alone", Enumeration(BootStatusCodeRows)},
+    {0x0B, "BootStatusData", RestOfRecord, Hex,     V2_3, "what stands behind it"},
 };
 
 constexpr Section Sections[] = {

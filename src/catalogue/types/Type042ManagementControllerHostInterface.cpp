@@ -42,6 +42,10 @@ constexpr Field DataFields[] = {
     {0x06, "InterfaceTypeSpecificData",       AsSaidAt(0x05), Hex,     V3_2, "data of the interface, in a form that `InterfaceType` fixes"},
 };
 
+constexpr Field OlderDataFields[] = {
+    {0x05, "MCHostInterfaceData", RestOfRecord, Hex, V2_7, "data of the interface"},
+};
+
 constexpr Field BehindInterfaceTypeSpecificDataFields[] = {
     {0x00, "NumberOfProtocolRecords", 1, Decimal, V3_2, "number of protocol records"},
 };
@@ -58,9 +62,16 @@ constexpr Section Sections[] = {
     Group("ProtocolRecord", Behind, CountAt(0x00), AsEachSaysAt(0x01, 2, 1), ProtocolRecordFields),
 };
 
+constexpr Section OlderSections[] = {
+    FieldsOf(OlderDataFields),
+};
+
+constexpr Type Older{42, Instances::Indexed, Later, Fields, OlderSections};
+static_assert(IsWellFormed(Older));
+
 } // namespace
 
-constexpr Type Type042ManagementControllerHostInterface{42, Instances::Indexed, Later, Fields, Sections, TableVersion{3, 2}};
+constexpr Type Type042ManagementControllerHostInterface{42, Instances::Indexed, Later, Fields, Sections, TableVersion{3, 2}, Older};
 static_assert(IsWellFormed(Type042ManagementControllerHostInterface));
 
 } // namespace Protocol::SMBIOS::Catalogue
