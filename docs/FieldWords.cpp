@@ -66,7 +66,7 @@ std::string HexWords(const FieldPlace& place)
     if (field.Width == RestOfRecord)
         return "leaf: all bytes from here on, in hexadecimal";
     if (!field.HasFixedWidth())
-        return "leaf: as many bytes as " + FieldAt(place.Section, field.OffsetOfWidth()) +
+        return "leaf: as many bytes as " + FieldAt(place.Type, place.Section, field.OffsetOfWidth()) +
                " says, in hexadecimal";
     Bytes example(static_cast<std::size_t>(field.Size()), 0x1F);
     example[0] = 0x12;
@@ -209,11 +209,15 @@ std::string ByteCount(int count)
     return std::to_string(count) + (count == 1 ? " byte" : " bytes");
 }
 
-std::string FieldAt(const Section& section, int offset)
+std::string FieldAt(const Type& type, const Section& section, int offset)
 {
-    for (std::size_t i = 0; i < section.FieldCount; ++i) {
-        if (section.Fields[i].Offset == offset)
-            return Code(section.Fields[i].Name);
+    for (std::size_t s = 0; s <= type.SectionCount; ++s) {
+        const Section& each = s == 0 ? type.First : type.Sections[s - 1];
+        const bool countsAlike = &each == &section || (IsAtOffset(each) && IsAtOffset(section));
+        for (std::size_t i = 0; countsAlike && i < each.FieldCount; ++i) {
+            if (each.Fields[i].Offset == offset)
+                return Code(each.Fields[i].Name);
+        }
     }
     throw std::logic_error("no field at an offset");
 }
@@ -244,7 +248,7 @@ std::string MeaningOf(const FieldPlace& place, Revision revision)
         return std::string(field.Meaning) + "; no string: " + values.Specials[0].Text;
     std::string special = field.HasFixedWidth() ? SpecialWords(values, 8 * field.Size(), revision) : "";
     if (revision == Newest && field.CountOffset != 0)
-        special += "; not there where " + FieldAt(place.Section, field.CountOffset) + " is 0";
+        special += "; not there where " + FieldAt(place.Type, place.Section, field.CountOffset) + " is 0";
     if (values.CountsIn == Unit::Handle)
         return "handle of " + TargetWords(values) + ": " + field.Meaning + special;
     const std::string unit = WordsOf(values.CountsIn);

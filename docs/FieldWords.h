@@ -23,8 +23,10 @@ std::string InHex(unsigned long long value, int digits);
 /// "1 byte", "2 bytes".
 std::string ByteCount(int count);
 
-/// The field of `section` at `offset`, as code. Throws std::logic_error where there is none.
-std::string FieldAt(const Protocol::SMBIOS::Catalogue::Section& section, int offset);
+/// The field of `type` at `offset`, which counts as those of `section`, as code. Throws std::logic_error
+/// where there is none.
+std::string FieldAt(const Protocol::SMBIOS::Catalogue::Type& type,
+                    const Protocol::SMBIOS::Catalogue::Section& section, int offset);
 
 /// What stands at the field: "leaf: a string". `links` is the place that explains handles.
 std::string WordsOf(const FieldPlace& place, const std::string& links);

@@ -121,21 +121,22 @@ void PrintField(std::ostream& out, const FieldPlace& place, const Document& docu
 }
 
 /// "as many as `X` says, 5 bytes each, from 13h".
-std::string GroupWords(const Section& group, const Section& before)
+std::string GroupWords(const Type& type, const Section& group, const Section& before)
 {
     using Source = RecordLength::Source;
     const RecordLength& length = group.Length;
-    std::string words = group.Count == AsManyAsFit ? "as many as fit"
-                                                   : "as many as " + FieldAt(before, group.Count) + " says";
+    std::string words = group.Count == AsManyAsFit
+                            ? "as many as fit"
+                            : "as many as " + FieldAt(type, before, group.Count) + " says";
     switch (length.From) {
     case Source::Fixed:
         words += ", " + ByteCount(length.Value) + " each";
         break;
     case Source::Structure:
-        words += ", each as long as " + FieldAt(before, length.Value) + " says";
+        words += ", each as long as " + FieldAt(type, before, length.Value) + " says";
         break;
     case Source::Record:
-        words += ", each as long as its own " + FieldAt(group, length.Value) + " says" +
+        words += ", each as long as its own " + FieldAt(type, group, length.Value) + " says" +
                  (length.Plus == 0 ? "" : " and " + ByteCount(length.Plus) + " more");
         break;
     }
@@ -144,13 +145,13 @@ std::string GroupWords(const Section& group, const Section& before)
 }
 
 /// What a section begins with: where it lies, and how often. Empty: it goes on with the one before.
-std::string Heading(const Section& section, const Section* before)
+std::string Heading(const Type& type, const Section& section, const Section* before)
 {
     switch (section.Holds) {
     case Section::Content::Strings:
         return "\n`/" + std::string(section.Name) + "[n]`: each string of the structure, in order.\n";
     case Section::Content::Group:
-        return "\n`/" + std::string(section.Name) + "[n]`: " + GroupWords(section, *before) + ".\n\n";
+        return "\n`/" + std::string(section.Name) + "[n]`: " + GroupWords(type, section, *before) + ".\n\n";
     case Section::Content::Fields:
         break;
     }
@@ -167,7 +168,7 @@ void PrintSections(std::ostream& out, const Type& type, const Document& document
 {
     const Section* before = nullptr;
     for (const Section* section : SectionsOf(type, document)) {
-        const std::string heading = Heading(*section, before);
+        const std::string heading = Heading(type, *section, before);
         out << heading;
         if (!heading.empty() && section->FieldCount != 0)
             out << "| Path below | Offset | From | What stands there | Meaning |\n|---|---|---|---|---|\n";

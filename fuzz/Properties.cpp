@@ -261,12 +261,13 @@ void CheckOthers(const Subject& subject, const SearchResult& tree)
 }
 
 // A structure's length tells the newest catalogue what it holds, and the version nothing, but on which side
-// of 3.2 it lies.
+// of 3.2 it lies; a table of version 0.0 has none, and reads as one of the newest.
 void CheckOtherVersion(const Bytes& image, const SearchResult& tree)
 {
     const TableImage table = TableImage::FromBytes(image);
-    const bool isOld = table.Major() < 3 || (table.Major() == 3 && table.Minor() < 2);
-    const ObjectOwner other = ReadWithNewest(isOld ? table.As(0, 0) : table.As(255, 255));
+    const bool isOld =
+        table.Major() < 3 ? table.Major() + table.Minor() != 0 : table.Major() == 3 && table.Minor() < 2;
+    const ObjectOwner other = ReadWithNewest(isOld ? table.As(0, 1) : table.As(0, 0));
     Require(AreEqual(Everything(*other), tree), "a table reads the same whatever its version");
 }
 

@@ -48,7 +48,7 @@ int main(int argc, char** argv)
     }
     const std::string folder = std::string(argv[argc - 1]) + "/";
     const auto handle = isCheck ? Check : Write;
-    const std::string workstation = folder + "portable-workstation-3.8";
+    const std::string workstation = folder + "portable-workstation-3.9";
     const bool areRight[] = {
         handle(folder + "two-socket-server.bin", Images::TwoSocketServer()),
         handle(folder + "desktop-2.4.bin", Images::Desktop()),

@@ -144,7 +144,8 @@ std::string Filled(const std::vector<Slot>& slots, const char* kind)
     return std::to_string(filled) + " of " + Count(slots.size(), kind) + " filled";
 }
 
-// The family's name, or its number where it has none here. The number stands with the structure alone.
+// The family's name, or its number where it has none here: its text is then empty or hexadecimal. The number
+// stands with the structure alone.
 std::string Family(const Part& root, const Part& processor)
 {
     constexpr std::uint64_t InFamily2 = 254;
@@ -154,7 +155,8 @@ std::string Family(const Part& root, const Part& processor)
     const std::string name = isInFamily2 ? "/ProcessorFamily2" : "/ProcessorFamily";
     const std::string text = processor.Text(name);
     const std::string number = root.Text(structure + name + "_Raw");
-    return text.empty() && !number.empty() ? "family " + number : text;
+    const bool isNamed = !text.empty() && text.compare(0, 2, "0x") != 0;
+    return isNamed || number.empty() ? text : "family " + number;
 }
 
 std::string SocketKind(const Part& processor)
