@@ -104,6 +104,8 @@ int __wrap_faccessat(int, const char*, int, int)
 
 namespace {
 
+std::string message; // of the last failure
+
 // "memory", "erased", "memory and other bytes", or the code of the failure.
 std::string Mapped(unsigned long address, unsigned int length)
 {
@@ -111,6 +113,7 @@ std::string Mapped(unsigned long address, unsigned int length)
     try {
         OS::Driver::MemMapDriverImpl().Map(address, length, &owner);
     } catch (const ResultStatus& failure) {
+        message = failure.Message();
         return std::to_string(failure.Code());
     }
     if (owner->Length != length)
@@ -163,6 +166,22 @@ TEST(MemoryDevice, GivesARangeRefusesItOrIsNotThere)
         EXPECT_EQ(Mapped(0xFFF, 300), row.Block) << row.Name;
         EXPECT_EQ(Mapped(ScanAddress, ScanLength), row.Scan) << row.Name;
         EXPECT_EQ(mapped, 0) << row.Name;
+    }
+}
+
+TEST(MemoryDevice, SaysWhatToDoWhereItIsNotThereOrRefused)
+{
+    const std::pair<int, std::string> rows[] = {
+        {ENOENT,
+         "here, as in a container: run on the machine itself, as root, or give the container /dev/mem."},
+        {EACCES, geteuid() == 0 ? "A policy of the system keeps it from root, too." : "Run as root."},
+        {EPERM, "or the process lacks the capability CAP_SYS_RAWIO."},
+        {EMFILE, "The kernel's log may say more."},
+    };
+    for (const auto& [error, advice] : rows) {
+        kernel = {error};
+        Mapped(0xFFF, 300);
+        EXPECT_NE(message.find(advice), std::string::npos) << message;
     }
 }
 
