@@ -131,6 +131,17 @@ std::string SpecialWords(const Table& values, int bits, Revision revision)
     return words;
 }
 
+/// Whether the special values name a field that is not read by version.
+bool RefersToLaterField(const Type& type, const Table& values)
+{
+    const Field* const end = type.Fields + type.FieldCountIn(V2_7);
+    return std::any_of(values.Specials, values.Specials + values.SpecialCount, [&](const Row& special) {
+        const std::string_view name = SeenField(special);
+        return special.Has(V2_7) && !name.empty() &&
+               std::none_of(type.Fields, end, [&](const Field& each) { return each.Name == name; });
+    });
+}
+
 /// "a Type 18 or 33 structure".
 std::string TargetWords(const Table& handle)
 {
@@ -247,6 +258,8 @@ std::string MeaningOf(const FieldPlace& place, Revision revision)
     if (field.Interpretation == FieldInterpretation::String && values.SpecialCount != 0)
         return std::string(field.Meaning) + "; no string: " + values.Specials[0].Text;
     std::string special = field.HasFixedWidth() ? SpecialWords(values, 8 * field.Size(), revision) : "";
+    if (revision != Newest && RefersToLaterField(place.Type, values))
+        special += ", with the newest catalogue";
     if (revision == Newest && field.CountOffset != 0)
         special += "; not there where " + FieldAt(place.Type, place.Section, field.CountOffset) + " is 0";
     if (values.CountsIn == Unit::Handle)

@@ -128,7 +128,6 @@ struct Part;
 /// tree; and the values that say something else.
 struct Table {
     TableKind Kind = TableKind::None;
-    unsigned char BitCount = 0; ///< bits of a bit table, reported or not
     unsigned short RowCount = 0;
     unsigned short LowerRowCount = 0;
     unsigned short PartCount = 0;
@@ -213,13 +212,11 @@ constexpr Table MaskedEnumeration(const Row (&rows)[N])
     return WithRows(TableKind::MaskedEnumeration, rows);
 }
 
-/// One text a reported bit, among the lowest `bitCount`.
+/// One text a reported bit.
 template <std::size_t N>
-constexpr Table Bits(unsigned char bitCount, const Row (&rows)[N])
+constexpr Table Bits(const Row (&rows)[N])
 {
-    Table table = WithRows(TableKind::Bits, rows);
-    table.BitCount = bitCount;
-    return table;
+    return WithRows(TableKind::Bits, rows);
 }
 
 /// A decoder that needs no texts.

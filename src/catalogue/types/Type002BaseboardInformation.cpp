@@ -36,12 +36,12 @@ constexpr Field Fields[] = {
     {0x06, "Version",              StringReference, String,  V2_3, "version text"},
     {0x07, "SerialNo",             StringReference, String,  V2_3, "serial number"},
     {0x08, "AssetTag",             StringReference, String,  V2_3, "asset tag"},
-    {0x09, "FeatureFlags",         1,               Decimal, V2_3, "features of the board",                                        Bits(8, FeatureFlagsRows)},
+    {0x09, "FeatureFlags",         1,               Decimal, V2_3, "features of the board",                                        Bits(FeatureFlagsRows)},
     {0x0A, "LocationInChassis",    StringReference, String,  V2_3, "where the board sits in the chassis"},
     {0x0B, "ChassisHandle",        2,               Decimal, V2_3, "the chassis that holds the board",                             HandleOf(3)},
     {0x0D, "BoardType",            1,               Decimal, V2_3, "board type",                                                   Enumeration(BoardTypeRows)},
     {0x0E, "NumOfObjectHandles",   1,               Decimal, V2_3, "number of `ContainedObject` records"},
-    {0x0F, "ContainObjectHandles", 2,               Decimal, V2_3, "the first contained object; see `ContainedObject[n]` for all", HandleOf(), CountAt(0x0E)},
+    {0x0F, "ContainObjectHandles", 2,               Decimal, V2_3, "the first contained object; `ContainedObject[n]` of the newest catalogue has all", HandleOf(), CountAt(0x0E)},
 };
 
 constexpr Field ContainedObjectFields[] = {

@@ -181,7 +181,7 @@ constexpr Field Fields[] = {
     {0x23, "CoreCount",             1,               Decimal, V2_5, "number of cores",                                      Plain.Except(CoreCountSpecials)},
     {0x24, "CoreEnabled",           1,               Decimal, V2_5, "number of enabled cores",                              Plain.Except(CoreEnabledSpecials)},
     {0x25, "ThreadCount",           1,               Decimal, V2_5, "number of threads",                                    Plain.Except(ThreadCountSpecials)},
-    {0x26, "Characteristics",       2,               Decimal, V2_5, "characteristics",                                      Bits(15, CharacteristicsRows)},
+    {0x26, "Characteristics",       2,               Decimal, V2_5, "characteristics",                                      Bits(CharacteristicsRows)},
     {0x28, "ProcessorFamily2",      2,               Decimal, V2_6, "family of the processor, families above FFh included", Enumeration(ProcessorFamily2Rows, ProcessorFamilyRows)},
     {0x2A, "CoreCount2",            2,               Decimal, V3_0, "number of cores, counts above 255 included"},
     {0x2C, "CoreEnabled2",          2,               Decimal, V3_0, "number of enabled cores, counts above 255 included"},

@@ -65,13 +65,13 @@ constexpr Row MemoryModuleVoltageRows[] = {
 
 constexpr Field Fields[] = {
     {0x04, "ErrorDetectingMethod",          1, Decimal, V2_0, "how errors are detected",                     Enumeration(ErrorDetectingMethodRows)},
-    {0x05, "ErrorCorrectingCapability",     1, Decimal, V2_0, "error correction that the controller can do", Bits(8, ErrorCorrectionRows)},
+    {0x05, "ErrorCorrectingCapability",     1, Decimal, V2_0, "error correction that the controller can do", Bits(ErrorCorrectionRows)},
     {0x06, "SupportedInterleave",           1, Decimal, V2_0, "supported interleave",                        Enumeration(InterleaveRows)},
     {0x07, "CurrentInterleave",             1, Decimal, V2_0, "interleave in use",                           Enumeration(InterleaveRows)},
     {0x08, "MaximumMemoryModuleSize",       1, Decimal, V2_0, "size of the largest module per slot",         In(Unit::PowerOfTwoMegabytes)},
-    {0x09, "SupportedSpeeds",               2, Decimal, V2_0, "supported speeds",                            Bits(16, SupportedSpeedsRows)},
-    {0x0B, "SupportedMemoryTypes",          2, Decimal, V2_0, "supported memory types",                      Bits(16, SupportedMemoryTypesRows)},
-    {0x0D, "MemoryModuleVoltage",           1, Decimal, V2_0, "voltages of the module sockets",              Bits(8, MemoryModuleVoltageRows)},
+    {0x09, "SupportedSpeeds",               2, Decimal, V2_0, "supported speeds",                            Bits(SupportedSpeedsRows)},
+    {0x0B, "SupportedMemoryTypes",          2, Decimal, V2_0, "supported memory types",                      Bits(SupportedMemoryTypesRows)},
+    {0x0D, "MemoryModuleVoltage",           1, Decimal, V2_0, "voltages of the module sockets",              Bits(MemoryModuleVoltageRows)},
     {0x0E, "NumberOfAssociatedMemorySlots", 1, Decimal, V2_0, "number of slots that the controller serves"},
 };
 
@@ -80,7 +80,7 @@ constexpr Field MemoryModuleConfigurationFields[] = {
 };
 
 constexpr Field BehindMemoryModuleConfigurationFields[] = {
-    {0x00, "EnabledErrorCorrectingCapabilities", 1, Decimal, V2_1, "error correction that is switched on", Bits(8, ErrorCorrectionRows)},
+    {0x00, "EnabledErrorCorrectingCapabilities", 1, Decimal, V2_1, "error correction that is switched on", Bits(ErrorCorrectionRows)},
 };
 
 constexpr Section Sections[] = {

@@ -58,10 +58,10 @@ constexpr Field Fields[] = {
     {0x04, "SocketDesignation", StringReference, String,  V2_0, "socket name on the board"},
     {0x05, "BankConnections",   1,               Decimal, V2_0, "banks that the socket is wired to", Packed(BankConnectionsParts)},
     {0x06, "CurrentSpeed",      1,               Decimal, V2_0, "speed",                             In(Unit::Nanoseconds).Except(UnknownIf0)},
-    {0x07, "CurrentMemoryType", 2,               Decimal, V2_0, "type of the module",                Bits(16, CurrentMemoryTypeRows)},
+    {0x07, "CurrentMemoryType", 2,               Decimal, V2_0, "type of the module",                Bits(CurrentMemoryTypeRows)},
     {0x09, "InstalledSize",     1,               Decimal, V2_0, "installed size",                    Packed(InstalledSizeParts)},
     {0x0A, "EnabledSize",       1,               Decimal, V2_0, "enabled size",                      Packed(EnabledSizeParts)},
-    {0x0B, "ErrorStatus",       1,               Decimal, V2_0, "errors of the module",              Bits(8, ErrorStatusRows)},
+    {0x0B, "ErrorStatus",       1,               Decimal, V2_0, "errors of the module",              Bits(ErrorStatusRows)},
 };
 
 } // namespace

@@ -43,7 +43,7 @@ constexpr Part DeviceTypeAndStatusParts[] = {
 };
 
 constexpr Field Fields[] = {
-    {0x04, "DeviceType",        1,               Decimal, V2_3, "type of the first device; see `OnBoardDevice[n]` for all", MaskedEnumeration(DeviceTypeRows)},
+    {0x04, "DeviceType",        1,               Decimal, V2_3, "type of the first device; `OnBoardDevice[n]` of the newest catalogue has all", MaskedEnumeration(DeviceTypeRows)},
     {0x05, "DescriptionString", StringReference, String,  V2_3, "description of the first device"},
 };
 

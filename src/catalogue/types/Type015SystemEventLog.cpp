@@ -66,7 +66,7 @@ constexpr Field Fields[] = {
     {0x06, "LogHeaderStartOffset",                2, Decimal, V2_0, "offset of the log header in the area"},
     {0x08, "LogDataStartOffset",                  2, Decimal, V2_0, "offset of the first log data byte in the area"},
     {0x0A, "AccessMethod",                        1, Decimal, V2_0, "how the log area is reached",                           Enumeration(AccessMethodRows)},
-    {0x0B, "LogStatus",                           1, Decimal, V2_0, "state of the log",                                      Bits(8, LogStatusRows)},
+    {0x0B, "LogStatus",                           1, Decimal, V2_0, "state of the log",                                      Bits(LogStatusRows)},
     {0x0C, "LogChangeToken",                      4, Decimal, V2_0, "number that changes with each change of the log"},
     {0x10, "AccessMethodAddress",                 4, Decimal, V2_0, "address for the access method, read by `AccessMethod`"},
     {0x14, "LogHeaderFormat",                     1, Decimal, V2_1, "format of the log header",                              Enumeration(LogHeaderFormatRows)},

@@ -12,7 +12,7 @@ constexpr Row ConnectionsRows[] = {
 
 constexpr Field Fields[] = {
     {0x04, "ManufacturerName", StringReference, String,  V2_2, "manufacturer of the remote access facility"},
-    {0x05, "Connections",      1,               Decimal, V2_2, "permitted connections",                      Bits(8, ConnectionsRows)},
+    {0x05, "Connections",      1,               Decimal, V2_2, "permitted connections",                      Bits(ConnectionsRows)},
 };
 
 } // namespace

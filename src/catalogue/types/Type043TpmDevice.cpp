@@ -19,7 +19,7 @@ constexpr Field Fields[] = {
     {0x0A, "FirmwareVersion1", 4,               Decimal,  V3_1, "firmware version; for major version 2 the upper 32 bits of the vendor's value, for major version 1 the four bytes of TPM_VERSION"},
     {0x0E, "FirmwareVersion2", 4,               Decimal,  V3_1, "for major version 2 the lower 32 bits of the vendor's value, for major version 1 zero"},
     {0x12, "Description",      StringReference, String,   V3_1, "description text"},
-    {0x13, "Characteristics",  8,               Unsigned, V3_1, "characteristics",                                                                                                                  Bits(64, CharacteristicsRows)},
+    {0x13, "Characteristics",  8,               Unsigned, V3_1, "characteristics",                                                                                                                  Bits(CharacteristicsRows)},
     {0x1B, "OEMDefined",       4,               Decimal,  V3_1, "value of the OEM or firmware vendor"},
 };
 

@@ -45,7 +45,7 @@ constexpr Field Fields[] = {
     {0x0A, "Manufacturer",                   StringReference, String,   V3_5, "maker of the firmware"},
     {0x0B, "LowestSupportedFirmwareVersion", StringReference, String,   V3_5, "oldest version that it can be rolled back to, in the form of `VersionFormat`"},
     {0x0C, "ImageSize",                      8,               Unsigned, V3_5, "size of the image",                                                            In(Unit::Bytes).Except(ImageSizeSpecials)},
-    {0x14, "Characteristics",                2,               Decimal,  V3_5, "characteristics",                                                              Bits(16, CharacteristicsRows)},
+    {0x14, "Characteristics",                2,               Decimal,  V3_5, "characteristics",                                                              Bits(CharacteristicsRows)},
     {0x16, "State",                          1,               Decimal,  V3_5, "state of the firmware",                                                        Enumeration(StateRows)},
     {0x17, "NumberOfAssociatedComponents",   1,               Decimal,  V3_5, "number of handles behind it"},
 };
