@@ -263,7 +263,8 @@ struct Field {
     Revision From; ///< that brought it; V2_3, or an older one where catalogues by version read the field
     const char* Meaning; ///< what it tells; unit, special values and a handle's types stand in Values
     Table Values = {};
-    int CountOffset = 0; ///< where records begin: of their count, without which the newest has no such field
+    int CountOffset = 0; ///< of a field within the first of some records: of their count; where that is 0,
+                         ///< the newest revision skips the field. 0: it never does
 
     constexpr bool HasFixedWidth() const { return Width < RestOfRecord; }
     constexpr int Size() const { return Width == StringReference ? 1 : Width; } ///< bytes, of a fixed width
@@ -312,7 +313,7 @@ struct TableVersion {
     int Major = 0;
     int Minor = 0;
 
-    /// A table of version 0.0 has none, and is taken for one of the newest.
+    /// Version 0.0 means that the table's version is not known: such a table is taken for a new one.
     constexpr bool IsOlderThan(const TableVersion& other) const
     {
         const bool isKnown = Major != 0 || Minor != 0;

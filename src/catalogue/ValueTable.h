@@ -11,7 +11,7 @@ namespace Protocol::SMBIOS {
 
 class ValueTable {
 public:
-    /// Of values of so many bytes.
+    /// `width`: of the values, in bytes.
     ValueTable(const Catalogue::Table& table, Catalogue::Revision revision, int width = 1)
         : Data(&table), Revision(revision), Width(width)
     {
@@ -27,7 +27,7 @@ public:
         return knowsLower ? Text(Data->LowerRows, Data->LowerRowCount, value) : text;
     }
 
-    /// As how many hexadecimal digits a value reads that no row has; 0: it reads as an empty text.
+    /// A value without a row reads as its number in so many hexadecimal digits; 0: as an empty text.
     int DigitsWithoutRow() const { return Revision == Catalogue::Newest ? 2 * Width : 0; }
 
     /// Calls `use` with each row that the revision has, by rising value.

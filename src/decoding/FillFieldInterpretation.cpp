@@ -25,8 +25,8 @@ unsigned long long NumberOf(std::string_view text)
     return isNegative ? 0 - number : number;
 }
 
-// The text of a value. One without a row reads by version as empty text, with the newest catalogue as its
-// number.
+// The text of a value. A value without a row reads as empty text by version, and as its number with the
+// newest catalogue.
 std::string_view TextOf(unsigned long long value, const ValueTable& table, NodeStore& nodes)
 {
     const std::string_view text = table.Text(value);
@@ -34,8 +34,7 @@ std::string_view TextOf(unsigned long long value, const ValueTable& table, NodeS
     return text.data() != nullptr || digits == 0 ? text : nodes.Keep(HexNumber(value, digits));
 }
 
-// A processor's family keeps its number beside the text, in a node
-// that no other lists.
+// A processor's family keeps its number beside the text, in a node that no other lists.
 void InterpretEnumeration(NodeStore& nodes, TreeNode& node, std::string_view value, std::string_view text)
 {
     nodes.Overwrite(node, NODE_LEAF, text);

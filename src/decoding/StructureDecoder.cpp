@@ -108,8 +108,8 @@ int StructureDecoder::DecodeFields(const Area& area, const Section& section, Tre
     return end;
 }
 
-// Whether there are records where the field stands, or it stands where none could. By version that is not
-// asked.
+// False for a field that lies within the first of some records, where their count is 0. By version such a
+// field is read all the same.
 bool StructureDecoder::HasRecords(const Area& area, const Field& field) const
 {
     return Table.ReadAs != Catalogue::Newest || field.CountOffset == 0 || area.ByteAt(field.CountOffset) != 0;
