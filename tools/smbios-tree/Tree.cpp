@@ -17,11 +17,12 @@ using Protocol::SMBIOS::SMBIOSProtocolImpl;
 Failure UnsupportedVersion(const std::optional<Version>& version)
 {
     const bool isOld = version && (version->Major < 2 || (version->Major == 2 && version->Minor < 3));
+    const std::string what = version ? "SMBIOS version " + version->Text() +
+                                           " is not read by version (2.3 "
+                                           "to 2.8 and 3.0 are)"
+                                     : "a table without a version is not read by version";
     return {Kind::UnsupportedVersion,
-            (version ? "SMBIOS version " + version->Text() + " is not read by version"
-                     : "without a version it is not read by version") +
-                std::string(" (2.3 to 2.8 and 3.0 are); leave --by-version away, or use --read-as ") +
-                (isOld ? "2.3" : "3.0")};
+            what + "; leave out --by-version, or use --read-as " + (isOld ? "2.3" : "3.0")};
 }
 
 std::shared_ptr<const SMBIOSProtocolImpl> Decoded(const TableImage& table, Reading reading)
@@ -148,7 +149,7 @@ Failure NoSuchType(const Tree& tree, unsigned int type)
     const std::string name = "type " + std::to_string(type);
     return {Kind::UnknownPath,
             tree.Manner.ByVersion
-                ? name + " is not read by version; leave --by-version and --read-as away, to read every type"
+                ? name + " is not read by version; leave out --by-version and --read-as, to read every type"
                 : "the table has no structure of " + name + "; see what it has with --path /SMBIOS"};
 }
 
@@ -228,7 +229,7 @@ std::string DamageOf(const TableImage& table)
     case TableEnd::ShortStructure:
         return place + "has less than 4 bytes" + effect;
     case TableEnd::CutStructure:
-        return place + "is longer than the table" + effect;
+        return place + "reaches beyond its end" + effect;
     case TableEnd::CutStrings:
         return place + "has strings without an end" + effect;
     case TableEnd::EndStructure:
