@@ -200,6 +200,9 @@ void Html(Output& out, const Tree& tree, const Selection& selection, const std::
     Summary summary = Summarise(tree);
     if (!version.empty())
         summary.Facts.push_back({"SMBIOS", version});
+    const std::string damage = tree.Table ? DamageOf(*tree.Table) : "";
+    if (!damage.empty())
+        summary.Facts.push_back({"Damage", damage});
     out.Append(
         "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
         "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "

@@ -229,7 +229,7 @@ std::string DamageOf(const TableImage& table)
     case TableEnd::ShortStructure:
         return place + "has less than 4 bytes" + effect;
     case TableEnd::CutStructure:
-        return place + "reaches beyond its end" + effect;
+        return place + "reaches beyond the end of the table" + effect;
     case TableEnd::CutStrings:
         return place + "has strings without an end" + effect;
     case TableEnd::EndStructure:
