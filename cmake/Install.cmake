@@ -47,6 +47,16 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/SMBIOSProtocol.pc.in ${PROJECT_BINARY_D
 install(FILES ${PROJECT_BINARY_DIR}/SMBIOSProtocol.pc
     DESTINATION ${SMBIOSPROTOCOL_PKGCONFIG_DIR} COMPONENT development)
 
+# The guides, in folders as they link to each other; a zip begins with them.
+set(SMBIOSPROTOCOL_DOC_DIR ${CMAKE_INSTALL_DOCDIR})
+if(WIN32)
+    set(SMBIOSPROTOCOL_DOC_DIR .)
+endif()
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md SECURITY.md
+    DESTINATION ${SMBIOSPROTOCOL_DOC_DIR} COMPONENT development)
+install(DIRECTORY docs examples DESTINATION ${SMBIOSPROTOCOL_DOC_DIR} COMPONENT development
+    FILES_MATCHING PATTERN "*.md" PATTERN "*.png" PATTERN "examples/*")
+
 # MinGW-w64's own runtime, beside the library: Windows has none. Debian's comes with its debugging symbols.
 if(MINGW)
     file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/runtime)

@@ -7,7 +7,6 @@ endif()
 
 # The works whose code is in the zip, with the licences that came with them on a Debian system.
 install(FILES ${PROJECT_SOURCE_DIR}/cmake/windows-notices.txt DESTINATION . RENAME NOTICES.txt COMPONENT library)
-install(FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md DESTINATION . COMPONENT library)
 foreach(notice
         "gcc-runtime:/usr/share/doc/gcc-mingw-w64-x86-64-posix-runtime/copyright"
         "GPL-3:/usr/share/common-licenses/GPL-3"

@@ -12,6 +12,13 @@ quietly() {
     return $status
 }
 
+# Copies the sources as they are here, without what was built from them. Usage: copy_sources FOLDER
+copy_sources() {
+    rm -rf "$1"
+    mkdir -p "$1"
+    tar --create --exclude=./.git --exclude='./build*' . | tar --extract --directory="$1"
+}
+
 # Installs Debian packages that are missing. On other systems it only says what is needed.
 # Usage: need_packages NAME...
 need_packages() {
