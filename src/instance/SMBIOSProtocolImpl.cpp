@@ -32,6 +32,7 @@ SMBIOSProtocolImpl::SMBIOSProtocolImpl(const TableImage& table, Reading reading,
 {
     std::vector<unsigned char> bytes = reading == Reading::Newest ? table.Table() : table.TableByVersion();
     SMBiosVersion = std::to_string(table.Major()) + "." + std::to_string(table.Minor());
+    // cppcheck-suppress danglingLifetime // Finish forgets it
     TableBase = bytes.data();
     TableLength = static_cast<unsigned int>(bytes.size());
     BuildTree();

@@ -61,7 +61,8 @@ std::vector<Command> Commands(const std::string& session)
             commands.emplace_back();
         if (!goesOn)
             continue;
-        line = line.substr(0, begins ? line.find(Behind) : line.size());
+        if (begins)
+            line.resize(std::min(line.size(), line.find(Behind)));
         commands.back().Text += line + "\n";
         commands.back().Plain += line.substr(std::min<std::size_t>(line.size(), 2)) + "\n";
     }
