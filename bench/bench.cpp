@@ -283,7 +283,7 @@ void PrintStart(const std::vector<Subject>& subjects, const Medians& medians)
     for (const Subject& subject : subjects) {
         const auto time = [&](const char* what) { return medians[subject.Name + "/" + what]; };
         std::printf("| %-24s | %8.2f | %14.0f%% |\n", subject.Name.c_str(), time("tool") / 1e6,
-                    100 * (time("construct") + time("tree")) / time("tool"));
+                    100 * (time("newest") + time("tree")) / time("tool"));
     }
 }
 

@@ -1,4 +1,4 @@
-// Lists the memory devices of a machine whose table is in a file: a dump, an image, or a folder like
+// Lists the memory devices of a machine whose table is in a file of any form, or in a folder like
 // /sys/firmware/dmi/tables.
 //
 //   list-memory samples/two-socket-server.bin

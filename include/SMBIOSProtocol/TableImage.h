@@ -75,8 +75,8 @@ public:
     /// How far the structures reach, as the newest catalogue reads them.
     const TableExtent& Extent() const noexcept;
 
-    /// False where the table is damaged, as Extent says, or may be cut off: it has no end structure, and the
-    /// length in its entry point is only an upper bound (64-bit form), or larger than the data.
+    /// False where the table is damaged, as Extent says, or may be cut off: it has no end structure, and its
+    /// length is not known (bare table), only an upper bound (64-bit entry point), or larger than the data.
     bool IsWhole() const noexcept;
 
     /// The same table with another version, for Reading::ByVersion, which refuses a table without one. Both

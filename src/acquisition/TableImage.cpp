@@ -121,6 +121,16 @@ std::size_t FindEntryPoint(const Bytes& image)
     return offset;
 }
 
+// Whether whole structures stand from the first byte on, up to an end structure or to the last byte. One
+// structure is too few to tell a table from a file of another kind, but for an end structure as it should be.
+bool IsBareTable(const Bytes& bytes)
+{
+    constexpr std::size_t SizeOfEnd = HeaderSize + 2; // the two NULs behind it
+    const TableExtent extent = ExtentOf(bytes, WalkWithNewest);
+    return !extent.IsDamaged() &&
+           (extent.StructureCount >= 2 || (extent.End == TableEnd::EndStructure && extent.Size == SizeOfEnd));
+}
+
 // The offset of the first anchor of an image that is no other form either: its entry point, whatever the
 // version says.
 std::size_t FirstEntryPoint(const Bytes& image)
@@ -131,9 +141,9 @@ std::size_t FirstEntryPoint(const Bytes& image)
         RaiseImageTooLarge(image.size(), TableImage::MaxTableSize);
     if (!EntryPoint::IsComplete(image.data() + first, image.size() - first))
         RaiseFailure(RESULT_NO_TABLE,
-                     "neither a structure table nor a complete 32-bit entry point (\"_SM_\") in it; give a "
-                     "table, a dump that begins with an entry point, or the folder that holds "
-                     "smbios_entry_point and DMI");
+                     "it has none of the forms of a table: no complete entry point (\"_SM_\"), no block of "
+                     "Windows, and no whole structures from its first byte on; take the table again, or give "
+                     "the folder that holds smbios_entry_point and DMI");
     if (!EntryPoint::ChecksumHolds(image.data() + first))
         RaiseFailure(RESULT_BAD_CHECKSUM, "the checksum of the entry point is wrong; take the table again");
     return first;
@@ -160,13 +170,12 @@ TableImage TableImage::FromBytes(Bytes bytes)
     const std::size_t entryPoint = FindEntryPoint(bytes);
     if (entryPoint != EndOfSearch(bytes))
         return FromImage(std::move(bytes), entryPoint);
-    const TableExtent extent = ExtentOf(bytes, WalkWithNewest);
-    const bool isBare = extent.End == TableEnd::EndStructure ||
-                        (extent.End == TableEnd::LastByte && extent.StructureCount >= 2);
-    if (!isBare)
+    if (!IsBareTable(bytes))
         return FromImage(std::move(bytes), FirstEntryPoint(bytes));
-    bytes.resize(extent.Size);
-    return FromTable(std::move(bytes), 0, 0);
+    bytes.resize(ExtentOf(bytes, WalkWithNewest).Size);
+    TableImage table = FromTable(std::move(bytes), 0, 0);
+    table.MayBeCutOff = table.Reach.End != TableEnd::EndStructure;
+    return table;
 }
 
 // The length is the firmware's word: the table does not reach beyond the block. A block without room for its
