@@ -98,7 +98,7 @@ private:
 
     TableImage(Bytes structures, Bytes behind, unsigned char major, unsigned char minor);
     static TableImage FromBlock(const Bytes& block);
-    static TableImage FromImage(Bytes image, std::size_t entryPoint);
+    static TableImage FromImage(Bytes image, std::size_t offset);
     static TableImage FromParts(const Bytes& entryPoint, Bytes table);
     static TableImage FromTable(Bytes table, unsigned char major, unsigned char minor);
     Bytes TableByVersion() const;

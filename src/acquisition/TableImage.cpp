@@ -170,8 +170,10 @@ TableImage TableImage::FromBytes(Bytes bytes)
     const std::size_t entryPoint = FindEntryPoint(bytes);
     if (entryPoint != EndOfSearch(bytes))
         return FromImage(std::move(bytes), entryPoint);
-    if (!IsBareTable(bytes))
-        return FromImage(std::move(bytes), FirstEntryPoint(bytes));
+    if (!IsBareTable(bytes)) {
+        const std::size_t first = FirstEntryPoint(bytes);
+        return FromImage(std::move(bytes), first);
+    }
     bytes.resize(ExtentOf(bytes, WalkWithNewest).Size);
     TableImage table = FromTable(std::move(bytes), 0, 0);
     table.MayBeCutOff = table.Reach.End != TableEnd::EndStructure;
