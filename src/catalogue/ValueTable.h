@@ -19,13 +19,16 @@ public:
 
     Catalogue::TableKind Kind() const { return Data->Kind; }
 
-    /// The text of a value, or at a key of a decoder's table; empty where no row has it.
+    /// The text of a value; empty where no row has it.
     std::string_view Text(unsigned long long value) const
     {
         const std::string_view text = Text(Data->Rows, Data->RowCount, value);
         const bool knowsLower = text.data() == nullptr && Revision == Catalogue::Newest;
         return knowsLower ? Text(Data->LowerRows, Data->LowerRowCount, value) : text;
     }
+
+    /// The text at a key of a decoder's table.
+    std::string_view Text(int key) const { return Text(static_cast<unsigned long long>(key)); }
 
     /// A value without a row reads as its number in so many hexadecimal digits; 0: as an empty text.
     int DigitsWithoutRow() const { return Revision == Catalogue::Newest ? 2 * Width : 0; }
