@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # What the other scripts have in common; they source it.
 
-# Usage: quietly COMMAND...: shows what the command prints only if it fails, and then the end of it.
+# Shows nothing while a command succeeds, and the end of its output if it fails. Usage: quietly COMMAND...
 quietly() {
     local output status=0
     output=$("$@" 2>&1) || status=$?

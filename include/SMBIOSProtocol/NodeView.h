@@ -62,7 +62,8 @@ private:
     const TreeNode* Node = nullptr;
 };
 
-/// A row of nodes, for a range-based for loop; valid as long as the view that it comes from.
+/// A row of nodes, for a range-based for loop; valid as long as the object that its view comes
+/// from, or a copy of that object.
 class NodeRange {
 public:
     /// Goes over the row, from first to last.

@@ -45,8 +45,8 @@ public:
     /// Decodes a table image by version. Prefer the next constructor: it knows dumps and large tables.
     ///
     /// The image is `size` bytes from `image`: the structure table, then a 32-bit entry point anywhere behind
-    /// it. Do not pass a dump, whose entry point stands in front: its first structure would be lost. Do not
-    /// pass more than 65,535 bytes: `size` would lose its upper bits.
+    /// it. Do not pass a dump, whose entry point stands in front: the structures at its start would be lost.
+    /// Do not pass more than 65,535 bytes: `size` would lose its upper bits.
     ///
     /// The image stays the caller's, who may free it when the constructor has returned. `rootPath` is the
     /// path of the tree's root, in front of all others. Reads no firmware and no physical memory. Throws
@@ -58,7 +58,8 @@ public:
     ///
     /// The object keeps nothing of `table`. `rootPath` is the path of the tree's root. Reads no physical
     /// memory, so the tree has no "/SPD_RAW". Throws TreeTooLarge, std::bad_alloc and, read by version,
-    /// ResultStatus (1111 version without a catalogue, 2107 larger than 65,535 bytes with the entry point).
+    /// ResultStatus (1111 a version without a catalogue, or a table without a version, 2107 larger than
+    /// 65,535 bytes with the entry point).
     SMBIOSProtocolImpl(const TableImage& table, Reading reading, std::string rootPath = "/SMBIOS");
 
     /// Copies share the nodes, and the last of them releases them. Several threads may copy one object while

@@ -47,7 +47,8 @@ struct TableExtent {
 /// not name the file.
 class SMBIOSPROTOCOL_API TableImage {
 public:
-    /// The largest table, in bytes. Read by version, a table has at most 65,527.
+    /// The largest table, in bytes. Read by version it is 65,527, or of an image 65,535 with all that stands
+    /// behind the table.
     static constexpr std::size_t MaxTableSize = 1'048'576;
     /// The largest file that is read, in bytes. Bytes behind the table are ignored.
     static constexpr std::size_t MaxFileSize = 16U << 20;

@@ -14,11 +14,9 @@ namespace {
 
 using OS::Driver::ScanAddress;
 using OS::Driver::ScanLength;
+using OS::Driver::ScanStep;
 
 constexpr const char* Function = "Protocol::SMBIOS::SMBIOSProtocolImpl::GetSMBiosEntryPtr";
-
-// The entry point is sought on 4-byte steps, not the standard's 16: some firmware shifts it.
-constexpr std::size_t ScanStep = 4;
 
 // The first entry point of which all that is read lies in the segment; null where there is none.
 const unsigned char* FindEntryPoint(const unsigned char* segment)

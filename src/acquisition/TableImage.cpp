@@ -2,8 +2,10 @@
 //
 //   dump         an entry point of either form at 00h, the table at 20h
 //   block        of Windows (services/FirmwareTable.h): 8 bytes with version and length, the table at 08h
-//   image        the table at 00h, a 32-bit entry point anywhere behind it; what follows that is not read
-//   bare table   whole structures from 00h up to an end structure, or two at least up to the last byte
+//   image        the table at 00h, a 32-bit entry point anywhere behind it. By version the fields of a last
+//                structure may reach into it and what follows it
+//   bare table   two whole structures at least from 00h on, up to an end structure or to the last byte; or
+//                an end structure alone
 
 #include "SMBIOSProtocol/TableImage.h"
 
@@ -86,15 +88,16 @@ bool Trim(Bytes& table, const EntryPoint::Facts& facts)
 bool IsFirmwareBlock(const Bytes& bytes)
 {
     constexpr unsigned char LargestCallingMethod = 1, LargestMajorVersion = 7;
-    if (bytes.size() <= Firmware::TableOffset || bytes[0] > LargestCallingMethod ||
+    if (bytes.size() <= Firmware::TableOffset ||
+        bytes[Firmware::CallingMethodOffset] > LargestCallingMethod ||
         bytes[Firmware::MajorVersionOffset] > LargestMajorVersion)
         return false;
     const std::uint64_t length = LittleEndian(&bytes[Firmware::LengthOffset], Firmware::LengthWidth);
     return length > 0 && length <= bytes.size() - Firmware::TableOffset;
 }
 
-// A short length byte leaves no version under the checksum, and a text with "_SM_" in it easily looks like
-// such an entry point. Its version tells them apart.
+// The checksum of an entry point whose length byte is less than 8 does not cover its version. A text with
+// "_SM_" in it easily passes for such a one, so its version must be one that exists.
 bool IsPlausible(const unsigned char* entryPoint, std::size_t size)
 {
     if (!EntryPoint::IsComplete(entryPoint, size) || !EntryPoint::ChecksumHolds(entryPoint))
@@ -105,7 +108,7 @@ bool IsPlausible(const unsigned char* entryPoint, std::size_t size)
            ((major == 2 || major == 3) && minor <= 9);
 }
 
-// The offsets at which an image's entry point can stand.
+// The end of the bytes in which an image's entry point is sought.
 std::size_t EndOfSearch(const Bytes& image)
 {
     return std::min(image.size(), TableImage::MaxTableSize + EntryPoint::AnchorSize);
@@ -123,16 +126,15 @@ std::size_t FindEntryPoint(const Bytes& image)
 
 // Whether whole structures stand from the first byte on, up to an end structure or to the last byte. One
 // structure is too few to tell a table from a file of another kind, but for an end structure as it should be.
-bool IsBareTable(const Bytes& bytes)
+bool IsBareTable(const TableExtent& extent)
 {
     constexpr std::size_t SizeOfEnd = HeaderSize + 2; // the two NULs behind it
-    const TableExtent extent = ExtentOf(bytes, WalkWithNewest);
     return !extent.IsDamaged() &&
            (extent.StructureCount >= 2 || (extent.End == TableEnd::EndStructure && extent.Size == SizeOfEnd));
 }
 
-// The offset of the first anchor of an image that is no other form either: its entry point, whatever the
-// version says.
+// The offset of the first anchor, for an image that has none of the other forms. It is taken for the entry
+// point, whatever version it names.
 std::size_t FirstEntryPoint(const Bytes& image)
 {
     const std::size_t end = EndOfSearch(image);
@@ -170,13 +172,14 @@ TableImage TableImage::FromBytes(Bytes bytes)
     const std::size_t entryPoint = FindEntryPoint(bytes);
     if (entryPoint != EndOfSearch(bytes))
         return FromImage(std::move(bytes), entryPoint);
-    if (!IsBareTable(bytes)) {
+    const TableExtent extent = ExtentOf(bytes, WalkWithNewest);
+    if (!IsBareTable(extent)) {
         const std::size_t first = FirstEntryPoint(bytes);
         return FromImage(std::move(bytes), first);
     }
-    bytes.resize(ExtentOf(bytes, WalkWithNewest).Size);
+    bytes.resize(extent.Size);
     TableImage table = FromTable(std::move(bytes), 0, 0);
-    table.MayBeCutOff = table.Reach.End != TableEnd::EndStructure;
+    table.MayBeCutOff = extent.End != TableEnd::EndStructure;
     return table;
 }
 
@@ -188,8 +191,10 @@ TableImage TableImage::FromBlock(const Bytes& block)
         static_cast<std::size_t>(LittleEndian(&block[Firmware::LengthOffset], Firmware::LengthWidth));
     const auto table = block.begin() + static_cast<std::ptrdiff_t>(Firmware::TableOffset);
     const std::size_t size = std::min(length, block.size() - Firmware::TableOffset);
-    return FromTable({table, table + static_cast<std::ptrdiff_t>(size)}, block[Firmware::MajorVersionOffset],
-                     block[Firmware::MinorVersionOffset]);
+    TableImage image = FromTable({table, table + static_cast<std::ptrdiff_t>(size)},
+                                 block[Firmware::MajorVersionOffset], block[Firmware::MinorVersionOffset]);
+    image.MayBeCutOff = size < length && image.Reach.End != TableEnd::EndStructure;
+    return image;
 }
 
 TableImage TableImage::FromImage(Bytes image, std::size_t offset)
@@ -258,7 +263,7 @@ TableImage TableImage::As(int major, int minor) const
     TableImage image = *this;
     image.MajorVersion = static_cast<unsigned char>(major);
     image.MinorVersion = static_cast<unsigned char>(minor);
-    if (!Behind.empty()) // as it is once the image was moved from
+    if (!Behind.empty()) // empty: this image was moved from
         EntryPoint::RewriteVersion(image.Behind, {image.MajorVersion, image.MinorVersion});
     return image;
 }

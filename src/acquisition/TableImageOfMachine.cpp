@@ -23,9 +23,6 @@ using Bytes = EntryPoint::Bytes;
 
 constexpr const char* Function = "Protocol::SMBIOS::TableImage::OfThisMachine";
 
-// Entry points are sought on 4-byte steps, not the standard's 16: some firmware shifts them.
-constexpr std::size_t ScanStep = 4;
-
 // The operating system's block; empty where it publishes none. It may grow between the question for its size
 // and its copy.
 Bytes PublishedBlock()
@@ -71,7 +68,7 @@ Located FindEntryPoint(const Bytes& segment, unsigned long systemError)
 {
     std::optional<Located> found;
     bool isOneDamaged = false;
-    for (std::size_t offset = 0; offset < segment.size(); offset += ScanStep) {
+    for (std::size_t offset = 0; offset < segment.size(); offset += OS::Driver::ScanStep) {
         EntryPoint::Facts facts;
         const EntryPoint::Fault fault =
             EntryPoint::Read(segment.data() + offset, segment.size() - offset, facts);

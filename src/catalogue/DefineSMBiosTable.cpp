@@ -12,11 +12,9 @@ namespace Protocol::SMBIOS {
 
 namespace {
 
-// The numbers of a text such as "2.7". A table without a version, "0.0", is taken for the newest.
+// The numbers of a text such as "2.7".
 Catalogue::TableVersion VersionIn(const std::string& text)
 {
-    if (text == "0.0")
-        return Catalogue::NewestVersion;
     Catalogue::TableVersion version;
     const char* const end = text.data() + text.size();
     const char* const point = std::from_chars(text.data(), end, version.Major).ptr;

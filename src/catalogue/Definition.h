@@ -131,9 +131,10 @@ struct Table {
     unsigned short RowCount = 0;
     unsigned short LowerRowCount = 0;
     unsigned short PartCount = 0;
-    const Row* Rows = nullptr;      ///< ascending by value; one row a value and revision
-    const Row* LowerRows = nullptr; ///< rows of another table that the newest revision has too, below Rows
-    const Part* Parts = nullptr;    ///< of a packed value
+    const Row* Rows = nullptr; ///< ascending by value; one row a value and revision
+    const Row* LowerRows =
+        nullptr;                 ///< rows of another table, all below Rows, which the newest revision has too
+    const Part* Parts = nullptr; ///< of a packed value
 
     const Row* Specials = nullptr; ///< ascending; "see `X`" names the field that has the value instead
     unsigned short SpecialCount = 0;
@@ -321,8 +322,6 @@ struct TableVersion {
     }
 };
 
-constexpr TableVersion NewestVersion{3, 8};
-
 /// What the newest revision reads of a structure, one section behind the other.
 struct Section {
     enum class Content : unsigned char { Fields, Group, Strings };
@@ -383,7 +382,7 @@ struct Type {
     {
     }
 
-    /// The same, but in tables older than `since` all is as in `older`.
+    /// The same; tables older than `since` are read with `older` instead.
     template <std::size_t N, std::size_t M>
     constexpr Type(unsigned char number, Instances instances, Revision from, const Field (&fields)[N],
                    const Section (&sections)[M], TableVersion since, const Type& older)

@@ -41,8 +41,8 @@ constexpr bool PartsFit(const Table& table, int bits)
     for (std::size_t i = 0; i < table.PartCount; ++i) {
         const Part& part = table.Parts[i];
         const int width = part.HighBit - part.LowBit + 1;
-        if (part.LowBit < free || width < 1 || part.HighBit >= bits || !RowsRise(part.Values) ||
-            !RowsFit(part.Values.Rows, part.Values.RowCount, width) ||
+        if (part.LowBit < free || width < 1 || width > 63 || part.HighBit >= bits || bits > 64 ||
+            !RowsRise(part.Values) || !RowsFit(part.Values.Rows, part.Values.RowCount, width) ||
             !RowsFit(part.Values.Specials, part.Values.SpecialCount, width))
             return false;
         free = part.HighBit + 1;

@@ -71,7 +71,7 @@ void SMBIOSProtocolImpl::ExtractField(const char* source, char* destination, uns
     case FieldInterpretation::HexBare:
         end = WriteHex(source, destination, width);
         break;
-    case FieldInterpretation::String: // a string number, which SMBiosDataTable resolves
+    case FieldInterpretation::String: // a string number, which StructureDecoder resolves
         break;
     }
     *end = '\0';

@@ -68,43 +68,35 @@ void SMBIOSProtocolImpl::FillFieldInterpretation(TreeNode& node, std::string_vie
     switch (table.Kind()) {
     case TableKind::None:
     case TableKind::Packed:
-        break;
+        return;
     case TableKind::Bits:
-        InterpretBits(*ResultNodes, node, number, table);
-        break;
+        return InterpretBits(*ResultNodes, node, number, table);
     case TableKind::Enumeration:
-        InterpretEnumeration(*ResultNodes, node, value, TextOf(number & 0xFFFFFFFF, table, *ResultNodes));
-        break;
+        return InterpretEnumeration(*ResultNodes, node, value,
+                                    TextOf(number & 0xFFFFFFFF, table, *ResultNodes));
     case TableKind::MaskedEnumeration:
-        ResultNodes->Overwrite(node, NODE_LEAF, TextOf(number & 0x7F, table, *ResultNodes));
-        break;
+        return ResultNodes->Overwrite(node, NODE_LEAF, TextOf(number & 0x7F, table, *ResultNodes));
     case TableKind::BIOSRomSize:
-        InsertLeafXNode(CalculateBIOSRomSize(low), node);
-        break;
+        return InsertLeafXNode(CalculateBIOSRomSize(low), node);
+    case TableKind::VoltageCapability:
+        return InsertLeafXNode(CalculateProcessorVoltage(low, table), node);
+    case TableKind::Flags:
+        return InsertLeafXNode(CalculateFlag(low, table), node);
+    case TableKind::IPMISpecRev:
+        return InsertLeafXNode(CalculateIPMISpecRev(low), node);
+    case TableKind::UUID:
+        return InsertLeafXNode(interpretUUID(value), node);
     case TableKind::Status:
         CalculateProcessorStatus(low, table, node);
-        break;
-    case TableKind::VoltageCapability:
-        InsertLeafXNode(CalculateProcessorVoltage(low, table), node);
-        break;
+        return;
     case TableKind::CacheSize:
         CalculateCacheSize(low, table, node);
-        break;
+        return;
     case TableKind::CacheConfiguration:
         CalculateCacheConfiguration(low, table, node);
-        break;
-    case TableKind::Flags:
-        InsertLeafXNode(CalculateFlag(low, table), node);
-        break;
+        return;
     case TableKind::HardwareSecuritySettings:
         CalculateHardwareSecuritySettings(low, table, node);
-        break;
-    case TableKind::IPMISpecRev:
-        InsertLeafXNode(CalculateIPMISpecRev(low), node);
-        break;
-    case TableKind::UUID:
-        InsertLeafXNode(interpretUUID(value), node);
-        break;
     }
 }
 

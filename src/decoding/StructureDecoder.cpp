@@ -75,8 +75,8 @@ void StructureDecoder::Decode(TreeNode& node)
     }
 }
 
-// Decodes the section at the start of `area`, behind another that begins with `before`. Gives the offset of
-// its end.
+// Decodes the section at the start of `area`. `before` is the area of the section in front of it, which holds
+// a group's count. Returns the offset of the section's end.
 int StructureDecoder::DecodeSection(const Area& area, const Area& before, const Section& section,
                                     TreeNode& node)
 {

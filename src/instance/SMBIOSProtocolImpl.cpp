@@ -1,6 +1,7 @@
 // The life of an object: it is constructed in phases, answers, is copied, and goes.
 
 #include "SMBIOSProtocol/SMBIOSProtocolImpl.h"
+#include "acquisition/EntryPoint.h"
 #include "tree/NodeStore.h"
 
 #include <mutex>
@@ -31,7 +32,7 @@ SMBIOSProtocolImpl::SMBIOSProtocolImpl(const TableImage& table, Reading reading,
     : RootPath(std::move(rootPath)), ResultNodes(std::make_shared<NodeStore>()), HowRead(reading)
 {
     std::vector<unsigned char> bytes = reading == Reading::Newest ? table.Table() : table.TableByVersion();
-    SMBiosVersion = std::to_string(table.Major()) + "." + std::to_string(table.Minor());
+    SMBiosVersion = EntryPoint::VersionText(table.MajorVersion, table.MinorVersion);
     // cppcheck-suppress danglingLifetime // Finish forgets it
     TableBase = bytes.data();
     TableLength = static_cast<unsigned int>(bytes.size());

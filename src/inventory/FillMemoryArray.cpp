@@ -48,8 +48,8 @@ void SMBIOSProtocolImpl::FillMemoryArray()
     }
 }
 
-// Fills one array: its devices below `list`, and how many are present. A device counts as present whatever
-// its size, if only that is not 0.
+// Fills one array: its devices below `list`, and how many are present. A device is present if its size is
+// not 0; FFFFh counts as present.
 void SMBIOSProtocolImpl::FillPresentMemory(TreeNode& array, TreeNode& list,
                                            const std::vector<const TreeNode*>& devices)
 {

@@ -1,8 +1,10 @@
 // The operating system's raw firmware tables, in the form of the Windows call. The raw SMBIOS block:
 //
 //   offset  width  field
+//   00h     1      calling method: 0 or 1
 //   01h     1      SMBIOS major version
 //   02h     1      SMBIOS minor version
+//   03h     1      revision of the table
 //   04h     4      length of the table, little-endian
 //   08h            the table
 
@@ -15,6 +17,7 @@ namespace Protocol::SMBIOS::Firmware {
 /// The provider of the raw SMBIOS block: 'RSMB'.
 constexpr unsigned long RawSmbiosProvider = 0x52534D42;
 
+constexpr std::size_t CallingMethodOffset = 0x00;
 constexpr std::size_t MajorVersionOffset = 0x01;
 constexpr std::size_t MinorVersionOffset = 0x02;
 constexpr std::size_t LengthOffset = 0x04;

@@ -11,6 +11,8 @@ namespace OS::Driver {
 /// The range that is searched for the entry point, in the BIOS segment.
 constexpr unsigned long ScanAddress = 0xF0000;
 constexpr unsigned int ScanLength = 65534;
+/// Entry points are sought on 4-byte steps, not the standard's 16: some firmware shifts them.
+constexpr unsigned int ScanStep = 4;
 
 class MemMapDriverImpl {
 public:

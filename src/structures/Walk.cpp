@@ -16,12 +16,15 @@ bool Walk::Next(SMBiosStructure& structure)
 {
     if (Ending != TableEnd::LastByte || Position == Limit)
         return false;
+    const bool isEnd = *Position == EndStructure;
     const unsigned char* position = Position;
-    if (!ReadFormattedArea(position, structure) || !ReadStrings(position, structure.Strings))
+    structure.Type = *Position;
+    const bool isWhole = ReadFormattedArea(position, structure) && ReadStrings(position, structure.Strings);
+    if (!isWhole && !(isEnd && Rules.TakesCutEnd))
         return false;
-    if (structure.Type == EndStructure)
+    if (isEnd)
         Ending = TableEnd::EndStructure;
-    Position = position;
+    Position = isWhole ? position : Limit;
     return true;
 }
 
@@ -36,7 +39,6 @@ bool Walk::ReadFormattedArea(const unsigned char*& position, SMBiosStructure& st
         Ending = TableEnd::ShortStructure;
     if (length < Rules.ShortestStructure || Left(position) < length)
         return false;
-    structure.Type = position[0];
     structure.Data = position;
     structure.Handle = static_cast<unsigned short>(LittleEndian(position + HandleOffset, 2));
     position += length;

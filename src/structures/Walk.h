@@ -34,13 +34,15 @@ struct WalkRules {
     std::size_t LongestPiece;
     /// Whether two NULs right behind the formatted area are one empty string.
     bool NoStringsAreOne;
+    /// Whether an end structure ends the table also where the table does not hold it whole.
+    bool TakesCutEnd;
 };
 
 constexpr std::size_t WholeString = std::numeric_limits<std::size_t>::max();
-constexpr WalkRules WalkByVersion{0, 255, true};
-constexpr WalkRules WalkWithNewest{HeaderSize, WholeString, false};
-/// For the length of a table that its entry point does not tell: any structure that ends counts.
-constexpr WalkRules WalkToMeasure{0, WholeString, false};
+constexpr WalkRules WalkByVersion{0, 255, true, true};
+constexpr WalkRules WalkWithNewest{HeaderSize, WholeString, false, true};
+/// For a table whose entry point gives no exact length: structures of less than 4 bytes count too.
+constexpr WalkRules WalkToMeasure{0, WholeString, false, false};
 
 /// Goes over the structures of a table from the first to the end structure, to the last byte, or to a
 /// structure that the table does not hold whole.

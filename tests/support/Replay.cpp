@@ -2,31 +2,36 @@
 // the calls. Cases.h says how a case is put together, samples/TableText.h what makes a table, Tree.h what can
 // be asked of a tree. What else can be done:
 //
-//   sample NAME      the image of samples/NAME.bin
-//   root PATH        where the tree's root stands, in the place of /SMBIOS
-//   reading WAY      as a TableImage of the bytes, "newest" or "by-version"; else the image constructor has
-//   them as VERSION       that TableImage, with another version largest N        "Nx STATEMENT" is N times
-//   that statement, and with one more the tree is too large machine          the running machine, of which
-//   these say what it has:
-//     memory HEX     physical memory from that address on, as the statements behind this one say; all else is
-//     FFh block          likewise the firmware's raw block queried N      the firmware tells this size of its
-//     block, whatever it is fetched N      a fetch of the block gives this and no bytes error N        the
-//     system's last error failing N CODE the Nth mapping fails, with that code or for "memory" kept HEX the
-//     system gives this process no range at that address refused N      there is no memory where calloc or
-//     malloc is asked for N bytes locked         another process has the lock traced         locks are traced
-//   machine 2.7      a running machine whose entry point, of that version, leads to the table
+//   sample NAME        the image of samples/NAME.bin
+//   root PATH          where the tree's root stands, in the place of /SMBIOS
+//   reading WAY        by a TableImage of the bytes, "newest" or "by-version"; else as an image
+//   as VERSION         that TableImage, with another version
+//   largest N          "Nx STATEMENT" repeats it N times; once more makes the tree too large
+//   machine            the running machine, of which these say what it has:
+//     memory HEX       physical memory from there on, as the next statements say; else FFh
+//     block            likewise the firmware's raw block
+//     queried N        the firmware tells this size of its block, whatever it is
+//     fetched N        a fetch of the block gives this and no bytes
+//     error N          the system's last error
+//     failing N CODE   the Nth mapping fails, with that code or for "memory"
+//     kept HEX         the system gives this process no range at that address
+//     refused N        there is no memory where calloc or malloc is asked for N bytes
+//     locked           another process has the lock
+//     traced           locks are traced
+//   machine 2.7        a running machine whose entry point, of that version, leads to the table
 //   machine block 2.7  one with that firmware block
-//   machine table    the running machine's TableImage, read with the newest catalogue
+//   machine table      the running machine's TableImage, read with the newest catalogue
 //
 // And what else can be asked:
 //
-//   decoded          that there is a tree
-//   failure CODE     how there is none; with ":" behind it the message too
-//   too large        TreeTooLarge
-//   nodes: N         how many a search for all gives
-//   calls: ...       the calls of the machine's services in their order; a mapping is under the lock, or
-//   "unlocked" calls and log: ... the same with the lines of the log reserved: A B    address and size of the
-//   reserved memory table: V, N bytes  the TableImage
+//   decoded            that there is a tree
+//   failure CODE       how there is none; with ":" behind it the message too
+//   too large          TreeTooLarge
+//   nodes: N           how many a search for all gives
+//   calls: ...         the calls of the machine's services in their order, "unlocked" ones named
+//   calls and log: ... the same with the lines of the log
+//   reserved: A B      address and size of the reserved memory
+//   table: V, N bytes  the TableImage
 //
 // Whatever is done, memory and allocations have a bound, no block of memory stays behind and no lock.
 

@@ -31,8 +31,7 @@ bool AreEqual(const SearchResult& left, const SearchResult& right);
 ///                        named; "and 2 again" where two are listed a second time
 ///   PATH = 5 bits: A, B  an inner node with a child for each bit, of which these are set
 ///   PATH: A = 1; B = 2   several of these below one node
-///   sums: A 3 12345678   of each child of the root how many leaves are below it, and a sum over all that
-///   they
-///                        say, in their order
+///   sums: A 3 12345678   of each child of the root, in their order: how many leaves are below it, and a
+///                        sum over all that they say
 ///   tree                 all leaves, a line each
 std::string Answer(SMBIOSProtocolImpl& object, const std::string& root, const std::string& question);

@@ -17,7 +17,7 @@
 //   node that lists instances   an array, "[1]" first; null where an index is left out
 //   node that does both         an object of its named children, the array under "Instances"
 //
-// No node of the tree has one of these three names.
+// No node of the tree is named "text", "bytes" or "Instances".
 
 #include "Report.h"
 #include "Text.h"

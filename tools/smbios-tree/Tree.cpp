@@ -56,7 +56,7 @@ void DecodeMachine(Tree& tree)
         // The object lives until the process ends; nobody here releases it.
         tree.Nodes = {&SMBIOSProtocolImpl::CreateInstance(), [](const SMBIOSProtocolImpl*) {}};
     } catch (const ResultStatus& status) {
-        if (status.Code() == RESULT_UNSUPPORTED_VERSION)
+        if (status.Code() == RESULT_UNSUPPORTED_VERSION && tree.Table)
             throw UnsupportedVersion(tree.OwnVersion());
         throw MachineFailure(status);
     }
@@ -203,7 +203,11 @@ std::vector<NodePair> SelectBoth(const Tree& before, const Tree& after, const Ch
         const NodePair pair{before.Find(PathOfType(type)), after.Find(PathOfType(type))};
         if (!pair.Before && !pair.After)
             throw NoSuchType(after, type);
-        pairs.push_back(pair);
+        const bool isKnown = std::any_of(pairs.begin(), pairs.end(), [&](const NodePair& each) {
+            return each.Before == pair.Before && each.After == pair.After;
+        });
+        if (!isKnown)
+            pairs.push_back(pair);
     }
     return pairs;
 }

@@ -34,7 +34,7 @@ struct Manner {
 
 /// A table and its tree.
 struct Tree {
-    std::optional<TableImage> Table; ///< none: what the running machine publishes cannot be read
+    std::optional<TableImage> Table; ///< none: the table that the running machine publishes cannot be read
     std::shared_ptr<const Protocol::SMBIOS::SMBIOSProtocolImpl> Nodes;
     SmbiosTree::Manner Manner;
 
