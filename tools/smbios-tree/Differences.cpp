@@ -37,7 +37,7 @@ private:
     {
         Out.Append(Colours.Begin(role));
         Out.Append(mark);
-        WriteVisible(Out, node.Path());
+        Out.Append(node.Path());
         if (node.IsLeaf()) {
             Out.Append(" = ");
             WriteVisible(Out, node.Value());

@@ -13,7 +13,7 @@ void Write(Output& out, NodeView node, const Style& style)
         return;
     }
     out.Append(style.Begin(Role::Field));
-    WriteVisible(out, node.Path());
+    out.Append(node.Path());
     out.Append(style.End());
     out.Append(" = ");
     WriteVisible(out, node.Value());

@@ -9,7 +9,7 @@ void Write(Output& out, NodeView node, std::size_t depth, const Style& style, st
 {
     out.AppendBlanks(2 * depth);
     out.Append(style.Begin(node.IsLeaf() ? Role::Field : Role::Structure));
-    WriteVisible(out, NameOf(node));
+    out.Append(NameOf(node)); // a name is of the library, and visible as it is
     if (node.IsLeaf())
         out.Append(':');
     out.Append(style.End());
