@@ -3,11 +3,11 @@
 
 # Shows nothing while a command succeeds, and the end of its output if it fails. Usage: quietly COMMAND...
 quietly() {
-    local output status=0
+    local output status=0 command=$*
     output=$("$@" 2>&1) || status=$?
     if [ $status -ne 0 ]; then
         printf '%s\n' "$output" | tail -n 60 >&2
-        echo "This failed, with status $status: $*" >&2
+        echo "This failed, with status $status: ${command%%$'\n'*}" >&2
     fi
     return $status
 }
