@@ -21,12 +21,13 @@ enum class Effort {
 /// Tests an input:
 ///
 ///   offset  width  use
-///   0       1      bits 1:0 route: 0 an image, 1 an image or a dump that is read with the newest catalogue,
-///                  2 the firmware's raw block, 3 the BIOS segment
-///                  bits 7:4 of a block, by how many times 16 bytes the firmware tells too large a size; of
-///                  a segment, the number of the Map call that fails, 0 none
-///   1              the image, dump or block; of a segment two bytes, little-endian, where the rest stands
-///                  in it, whose checksum is made to hold; from its byte 32 on the rest is the table too
+///   0       1      bits 1:0  route: 0 an image, 1 a TableImage read with the newest catalogue, 2 the
+///                            firmware's raw block, 3 the BIOS segment
+///                  bits 7:4  route 2: the firmware tells a size that is so many times 16 bytes too large
+///                            route 3: the Map call of this number fails; 0: none
+///   1              routes 0 to 2: the image, dump or block
+///                  route 3: two bytes, little-endian, the offset in the segment of all that follows: an
+///                  entry point, whose checksum is made right, and from its byte 32 on also the table
 ///
 /// False where the tree is too large for more than the look at its nodes.
 bool Check(const unsigned char* data, std::size_t size, Effort effort);
