@@ -83,8 +83,9 @@ bool Trim(Bytes& table, const EntryPoint::Facts& facts)
     return extent.End != TableEnd::EndStructure;
 }
 
-// Whether the bytes are a block as Windows hands it out. A table has a type and a length in the first two
-// bytes: a structure of type 0 or 1 has 8 bytes at least, and no version is that large.
+// Whether the bytes are a block as Windows hands it out, with one whole structure at least. A table has a
+// type and a length in the first two bytes: a structure of type 0 or 1 has 8 bytes at least, and no version
+// is that large.
 bool IsFirmwareBlock(const Bytes& bytes)
 {
     constexpr unsigned char LargestCallingMethod = 1, LargestMajorVersion = 7;
@@ -92,8 +93,12 @@ bool IsFirmwareBlock(const Bytes& bytes)
         bytes[Firmware::CallingMethodOffset] > LargestCallingMethod ||
         bytes[Firmware::MajorVersionOffset] > LargestMajorVersion)
         return false;
-    const std::uint64_t length = LittleEndian(&bytes[Firmware::LengthOffset], Firmware::LengthWidth);
-    return length > 0 && length <= bytes.size() - Firmware::TableOffset;
+    const auto length =
+        static_cast<std::size_t>(LittleEndian(&bytes[Firmware::LengthOffset], Firmware::LengthWidth));
+    if (length > bytes.size() - Firmware::TableOffset)
+        return false;
+    const auto table = bytes.begin() + static_cast<std::ptrdiff_t>(Firmware::TableOffset);
+    return ExtentOf({table, table + static_cast<std::ptrdiff_t>(length)}, WalkWithNewest).StructureCount > 0;
 }
 
 // The checksum of an entry point whose length byte is less than 8 does not cover its version. A text with
