@@ -39,7 +39,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t BlockLength = 256;
+    static constexpr std::size_t BlockLength = 128;
 
     std::vector<std::unique_ptr<Element[]>> Blocks;
     std::size_t Count = 0;
