@@ -109,7 +109,7 @@ private:
     unsigned char MajorVersion;
     unsigned char MinorVersion;
     TableExtent Reach;
-    bool MayBeCutOff = false;
+    bool IsLengthKnown = true; ///< else a table without an end structure may be cut off
 };
 
 } // namespace Protocol::SMBIOS

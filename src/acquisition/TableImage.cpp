@@ -66,21 +66,22 @@ EntryPoint::Facts ReadEntryPoint(const Bytes& bytes)
                                      std::to_string(facts.TableLength) + " bytes; take the dump again");
 }
 
-// Cuts off the bytes that do not belong to the table. Returns whether more of it may be missing.
+// Cuts off the bytes that do not belong to the table. Returns whether the entry point's length is that of the
+// table.
 bool Trim(Bytes& table, const EntryPoint::Facts& facts)
 {
     // The table of the running machine has been read up to MaxTableSize.
     const bool isShort = table.size() < std::min(facts.TableLength, TableImage::MaxTableSize);
     table.resize(std::min(table.size(), facts.TableLength));
     if (facts.IsLengthExact && !isShort)
-        return false;
+        return true;
     const TableExtent extent = ExtentOf(table, WalkToMeasure);
     if (isShort && extent.IsDamaged())
         RaiseCutOff(table, facts);
     // The length in a 64-bit entry point is an upper bound: the table ends with its last structure.
     if (!extent.IsDamaged() && !facts.IsLengthExact)
         table.resize(extent.Size);
-    return extent.End != TableEnd::EndStructure;
+    return false;
 }
 
 // Whether the bytes are a block as Windows hands it out, with one whole structure at least. A table has a
@@ -184,7 +185,7 @@ TableImage TableImage::FromBytes(Bytes bytes)
     }
     bytes.resize(extent.Size);
     TableImage table = FromTable(std::move(bytes), 0, 0);
-    table.MayBeCutOff = extent.End != TableEnd::EndStructure;
+    table.IsLengthKnown = false;
     return table;
 }
 
@@ -198,7 +199,7 @@ TableImage TableImage::FromBlock(const Bytes& block)
     const std::size_t size = std::min(length, block.size() - Firmware::TableOffset);
     TableImage image = FromTable({table, table + static_cast<std::ptrdiff_t>(size)},
                                  block[Firmware::MajorVersionOffset], block[Firmware::MinorVersionOffset]);
-    image.MayBeCutOff = size < length && image.Reach.End != TableEnd::EndStructure;
+    image.IsLengthKnown = size == length;
     return image;
 }
 
@@ -218,11 +219,11 @@ TableImage TableImage::FromParts(const Bytes& entryPoint, Bytes table)
     if (table.empty())
         RaiseFailure(RESULT_CUT_OFF,
                      "it ends before the table, which begins at offset 32; take the dump again");
-    const bool mayBeCutOff = Trim(table, facts);
+    const bool isLengthKnown = Trim(table, facts);
     if (table.empty())
         RaiseFailure(RESULT_EMPTY, "the entry point gives its table no length; take the dump again");
     TableImage image = FromTable(std::move(table), facts.Version.Major, facts.Version.Minor);
-    image.MayBeCutOff = mayBeCutOff;
+    image.IsLengthKnown = isLengthKnown;
     return image;
 }
 
@@ -255,7 +256,7 @@ const TableExtent& TableImage::Extent() const noexcept
 
 bool TableImage::IsWhole() const noexcept
 {
-    return !MayBeCutOff && !Reach.IsDamaged();
+    return !Reach.IsDamaged() && (IsLengthKnown || Reach.End == TableEnd::EndStructure);
 }
 
 TableImage TableImage::As(int major, int minor) const

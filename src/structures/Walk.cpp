@@ -20,7 +20,7 @@ bool Walk::Next(SMBiosStructure& structure)
     const unsigned char* position = Position;
     structure.Type = *Position;
     const bool isWhole = ReadFormattedArea(position, structure) && ReadStrings(position, structure.Strings);
-    if (!isWhole && !(isEnd && Rules.TakesCutEnd))
+    if (!isWhole && !isEnd)
         return false;
     if (isEnd)
         Ending = TableEnd::EndStructure;

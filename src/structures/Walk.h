@@ -34,18 +34,17 @@ struct WalkRules {
     std::size_t LongestPiece;
     /// Whether two NULs right behind the formatted area are one empty string.
     bool NoStringsAreOne;
-    /// Whether an end structure ends the table also where the table does not hold it whole.
-    bool TakesCutEnd;
 };
 
 constexpr std::size_t WholeString = std::numeric_limits<std::size_t>::max();
-constexpr WalkRules WalkByVersion{0, 255, true, true};
-constexpr WalkRules WalkWithNewest{HeaderSize, WholeString, false, true};
+constexpr WalkRules WalkByVersion{0, 255, true};
+constexpr WalkRules WalkWithNewest{HeaderSize, WholeString, false};
 /// For a table whose entry point gives no exact length: structures of less than 4 bytes count too.
-constexpr WalkRules WalkToMeasure{0, WholeString, false, false};
+constexpr WalkRules WalkToMeasure{0, WholeString, false};
 
 /// Goes over the structures of a table from the first to the end structure, to the last byte, or to a
-/// structure that the table does not hold whole.
+/// structure that the table does not hold whole. An end structure that is cut off ends the table too: nothing
+/// is behind it.
 class Walk {
 public:
     Walk(const unsigned char* table, std::size_t size, const WalkRules& rules)

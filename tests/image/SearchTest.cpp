@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using Protocol::SMBIOS::NodeView;
+
 namespace {
 
 TEST(Search, FindsExactPathsOnly)
@@ -40,6 +42,20 @@ TEST(Search, AddsToTheMap)
         EXPECT_EQ(result.at(path).NodeType, fresh.NodeType);
         EXPECT_TRUE(result.at(path).Attributes.empty());
         EXPECT_EQ(result.at(path).Flag, 0);
+    }
+}
+
+TEST(View, LeadsOnByNameAndNeedsNoTest)
+{
+    const auto server = Decoded(Images::TwoSocketServer());
+    const NodeView status = server->Find("/SMBIOS").Child("Type4").Child("[1]").Child("Status");
+    EXPECT_EQ(status.Path(), "/SMBIOS/Type4[1]/Status");
+    EXPECT_EQ(status.Child("CPU Socket Populated").Value(), "Yes");
+    for (const NodeView none :
+         {NodeView(), server->Find("/none"), status.Child("CPU"), status.Child("/CPUStatus")}) {
+        EXPECT_FALSE(none || none.IsLeaf() || none.Child("Size"));
+        EXPECT_TRUE(none.Path().empty() && none.Name().empty() && none.Value().empty());
+        EXPECT_TRUE(none.Children().empty() && none.DistinctChildren().empty());
     }
 }
 

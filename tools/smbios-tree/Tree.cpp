@@ -17,12 +17,11 @@ using Protocol::SMBIOS::SMBIOSProtocolImpl;
 Failure UnsupportedVersion(const std::optional<Version>& version)
 {
     const bool isOld = version && (version->Major < 2 || (version->Major == 2 && version->Minor < 3));
-    const std::string what = version ? "SMBIOS version " + version->Text() +
-                                           " is not read by version (2.3 "
-                                           "to 2.8 and 3.0 are)"
-                                     : "a table without a version is not read by version";
-    return {Kind::UnsupportedVersion,
-            what + "; leave out --by-version, or use --read-as " + (isOld ? "2.3" : "3.0")};
+    const std::string subject = version ? "SMBIOS version " + version->Text() : "a table without a version";
+    const char* const others = version ? " (2.3 to 2.8 and 3.0 are)" : "";
+    return {Kind::UnsupportedVersion, subject + " is not read by version" + others +
+                                          "; leave out --by-version, or use --read-as " +
+                                          (isOld ? "2.3" : "3.0")};
 }
 
 std::shared_ptr<const SMBIOSProtocolImpl> Decoded(const TableImage& table, Reading reading)
